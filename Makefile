@@ -1,0 +1,38 @@
+# The two commands of the README: `make run` and `make test`. Both install what is missing first.
+BUILD_DIR ?= build
+PRESET    ?= default
+JOBS      ?= $(shell nproc 2>/dev/null || echo 2)
+
+.PHONY: deps configure build run test bench screenshots clean format
+
+deps:
+	@bash scripts/install-deps.sh
+
+configure: deps
+	@test -f $(BUILD_DIR)/CMakeCache.txt || cmake --preset $(PRESET)
+
+build: configure
+	cmake --build $(BUILD_DIR) -j $(JOBS)
+
+# Starts the editor on a fresh copy of the demo game folder; the repository's copy never changes.
+run: build
+	rm -rf $(BUILD_DIR)/demo-game
+	cp -r demo/game $(BUILD_DIR)/demo-game
+	$(BUILD_DIR)/bin/orrerion --game-dir $(BUILD_DIR)/demo-game
+
+test: build
+	cd $(BUILD_DIR) && QT_QPA_PLATFORM=offscreen ctest --output-on-failure -j $(JOBS)
+
+bench: deps
+	@test -f build-bench/CMakeCache.txt || cmake --preset bench
+	cmake --build build-bench -j $(JOBS) --target orrerion-bench
+	bash scripts/run-bench.sh build-bench/bin/orrerion-bench docs/performance.md
+
+screenshots: build
+	bash scripts/screenshots.sh $(BUILD_DIR)
+
+format:
+	find src tests bench -name '*.cpp' -o -name '*.h' | xargs clang-format -i
+
+clean:
+	rm -rf $(BUILD_DIR) build-bench

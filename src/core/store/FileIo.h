@@ -1,0 +1,27 @@
+#pragma once
+// Whole-file reads and atomic writes. Every write goes to a temporary file in the target's
+// folder, is checked, and is renamed over the target: a failed write leaves the target as it was
+// and never reports success.
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace orr {
+
+namespace fs = std::filesystem;
+
+// Reads the whole file; nullopt (and the reason in *error) when it cannot be read.
+std::optional<std::string> readWholeFile(const fs::path& path, std::string* error = nullptr);
+
+bool writeFileAtomically(const fs::path& path, std::string_view bytes,
+                         std::string* error = nullptr);
+
+// Copies `from` over `to` atomically; the copy keeps the source's modification time.
+bool copyFileKeepingTime(const fs::path& from, const fs::path& to, std::string* error = nullptr);
+
+// Modification time with the file system's full precision; nullopt when the file is missing.
+std::optional<fs::file_time_type> modificationTime(const fs::path& path);
+
+}  // namespace orr

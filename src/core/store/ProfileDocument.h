@@ -1,0 +1,62 @@
+#pragma once
+// One profile-style ("INI") file in memory, kept byte for byte: lines that no operation changes
+// are written back exactly as they were read, line ends included.
+//
+// Two families of operations, as the file format requires:
+// - readValue/writeValue have the semantics of the platform's profile functions: section and
+//   key names compared ignoring case, blanks around "=" ignored, a missing section appended at
+//   the end of the file, a missing key inserted after the last key line of its section, comment
+//   lines kept. They are indexed, so reads and writes do not scan the file.
+// - The raw-line rewrites (deleteKey, removeNumberedSection, sectionExists) compare exactly, on
+//   whole lines, as the game's descriptor routines do.
+
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace orr {
+
+class ProfileDocument {
+public:
+    struct Line {
+        std::string text;  // without its line end
+        std::string eol;   // "\r\n", "\n", "\r", or "" for a last line without an end
+    };
+
+    ProfileDocument() = default;
+    static ProfileDocument parse(std::string_view bytes);
+    std::string serialize() const;
+
+    // The value of section/key (first matching section, first matching key), blanks trimmed,
+    // or nullopt when absent. Not cut: callers apply the 254-character read limit.
+    std::optional<std::string> readValue(std::string_view section, std::string_view key) const;
+
+    // Sets section/key, replacing the first matching key line by key + "=" + value, or adding it.
+    void writeValue(std::string_view section, std::string_view key, std::string_view value);
+
+    // Raw rules, case-sensitive: a header is a line beginning "[" + section + "]".
+    bool sectionExists(std::string_view section) const;
+    // Removes every line of `key` (text before the first "=" equal to key) inside section.
+    // Returns whether anything was removed.
+    bool deleteKey(std::string_view section, std::string_view key);
+    // Removes the numbered section [n] with all its lines. [General] and [Names] (value 0) stay.
+    bool removeNumberedSection(int n);
+
+    // Direct access for the descriptor's own line rewrites (system block, planet swap). Call
+    // linesChanged() after changing the lines so the index is rebuilt.
+    const std::vector<Line>& lines() const { return lines_; }
+    std::vector<Line>& mutableLines() { return lines_; }
+    void linesChanged();
+
+private:
+    std::vector<Line> lines_;
+    // The implementation keeps its lookup index here (see ProfileDocument.cpp).
+    struct Index;
+    mutable std::shared_ptr<Index> index_;
+    const Index& index() const;
+};
+
+}  // namespace orr

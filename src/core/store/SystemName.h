@@ -1,0 +1,17 @@
+#pragma once
+// Whether a text can be a system name, that is the base name of a descriptor file on every
+// system the game's folders travel between.
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace orr {
+
+// nullopt when the name is usable; otherwise a sentence for the user saying why it is not:
+// empty; holding / \ : * ? " < > | or a control character; "." or ".."; leading or trailing
+// blanks or dots; a reserved device name (CON, PRN, AUX, NUL, COM1..9, LPT1..9, with or without
+// an extension).
+std::optional<std::string> CheckSystemName(std::string_view name);
+
+}  // namespace orr

@@ -1,0 +1,109 @@
+#pragma once
+// The system store: the open system, the fixed tables, the game folder and every routine that
+// reads or writes the open system's descriptor. All descriptor routines address the open system's
+// file by its Name and the current DescriptorExtension (".orb", or ".edt" while editing).
+//
+// Routines keep the names the game's modders know from the descriptor format. Writing routines
+// return false when the file could not be written; lastError() then holds a sentence for the user.
+
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "store/GameFolder.h"
+#include "store/ProfileStore.h"
+#include "store/SystemRecord.h"
+#include "store/Tables.h"
+
+namespace orr {
+
+inline constexpr const char* kNotUsed = "Not Used";
+inline constexpr const char* kErr = "ERR";
+inline constexpr const char* kPlanetPics = "PlanetPics";
+inline constexpr const char* kMessagesFlag = "Messages";
+inline constexpr std::size_t kMaxValueLength = 254;
+
+struct LoadResult {
+    bool blockFound = false;   // the descriptor held a readable system block
+    std::string warning;       // non-empty when the block was damaged and fallback values are used
+};
+
+class SystemStore {
+public:
+    explicit SystemStore(GameFolder folder = {});
+
+    // --- folders and tables
+    const GameFolder& folder() const { return folder_; }
+    void setFolder(GameFolder folder);
+    bool InitTables();  // reads aliens.txt; false when it is missing (names then stay empty)
+    Tables& tables() { return tables_; }
+    const Tables& tables() const { return tables_; }
+
+    SystemRecord& record() { return record_; }
+    const SystemRecord& record() const { return record_; }
+    ProfileStore& profiles() { return profiles_; }
+
+    // --- descriptor list and paths
+    const std::string& DescriptorExtension() const { return extension_; }
+    void ListDescriptors();
+    const std::vector<std::string>& DescriptorList() const { return descriptorList_; }  // [0] empty
+    int FindDescriptor(const std::string& name) const;
+    // DescriptorFolder + name + extension (found ignoring case when it exists).
+    fs::path descriptorPath(const std::string& name, const std::string& extension) const;
+    fs::path openDescriptorPath() const;  // of the open system with the current extension
+
+    // --- profile layer on the open system
+    std::string ReadKey(const std::string& section, const std::string& key);  // "Not Used" if absent
+    bool WriteKey(const std::string& section, const std::string& key, const std::string& value);
+    bool DeleteKey(const std::string& section, const std::string& key);
+    bool SectionExists(const std::string& section);
+    bool RemovePlanetSection(int n);
+
+    // --- planet-level access
+    std::string GetPlanetKey(int planet, const std::string& key, bool force = false);
+    int GetGeneralFlag(const std::string& key, int planet);  // 1, 0, -1 no file, -2 no key
+    bool SetGeneralFlag(const std::string& key, int planet, int count, bool yes);
+    bool HasCustomPictures(int planet);
+    std::string GetName(int n, const std::string& base);
+    bool SetName(int n, const std::string& name);
+
+    // --- system block and planets
+    LoadResult LoadSystem(const std::string& name);
+    LoadResult ReadSystemBlock();
+    bool SaveSystemBlock();
+    bool AddPlanet();          // refused (count unchanged) when there are 10 planets
+    bool RemoveLastPlanet();
+    bool SwapPlanets(int a, int b);
+
+    // --- working copy
+    // askUseBackup is called when a working copy already exists; returning true keeps it.
+    bool BeginEdit(const std::function<bool()>& askUseBackup);
+    bool EndEdit(bool save);
+    bool IsEditing() const;
+    bool IsModified() const;
+    bool MarkModified();
+    bool RenameSystem(const std::string& newName);
+
+    const std::string& lastError() const { return lastError_; }
+
+private:
+    GameFolder folder_;
+    Tables tables_;
+    SystemRecord record_;
+    ProfileStore profiles_;
+    std::string extension_ = ".orb";
+    std::vector<std::string> descriptorList_{""};
+    std::string lastError_;
+
+    bool fail(const std::string& message);
+};
+
+// The text of a new descriptor for the record: [General], the two flag keys, an empty line and
+// the system block.
+std::string newDescriptorText(const SystemRecord& record);
+
+// ";SolarSystem", the header line and one line per planet, each ended by CR LF.
+std::string systemBlockText(const SystemRecord& record);
+
+}  // namespace orr
