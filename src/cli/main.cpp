@@ -1,1 +1,2 @@
+// Placeholder until the command-line front lands.
 int main() { return 0; }
