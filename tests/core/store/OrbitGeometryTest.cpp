@@ -1,0 +1,134 @@
+#include "store/OrbitGeometry.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+namespace orr {
+namespace {
+
+constexpr double kPixel = 15;  // units per pixel of a classic screen
+
+SystemRecord systemWithOrbits(std::initializer_list<int> positions, int size = 2) {
+    SystemRecord record;
+    for (int position : positions) {
+        ++record.PlanetCount;
+        PlanetRecord& p = record.planet(record.PlanetCount);
+        p.Position = static_cast<std::int16_t>(position);
+        p.Size = static_cast<std::int16_t>(size);
+        p.PlanetClass = 1;
+    }
+    return record;
+}
+
+double degrees(double radians) {
+    return radians * 180 / OrbitGeometry::kPi;
+}
+
+TEST(OrbitGeometryTest, FourPlanetsStandAtQuarterTurns) {
+    EXPECT_NEAR(degrees(OrbitGeometry::planetAngle(1, 4)), 90, 1e-9);
+    EXPECT_NEAR(degrees(OrbitGeometry::planetAngle(2, 4)), 180, 1e-9);
+    EXPECT_NEAR(degrees(OrbitGeometry::planetAngle(3, 4)), 270, 1e-9);
+    EXPECT_NEAR(degrees(OrbitGeometry::planetAngle(4, 4)), 360, 1e-9);
+
+    const SystemRecord record = systemWithOrbits({400, 430, 460, 490});
+    const auto first = OrbitGeometry::planetCentre(record, 1);  // straight below the star
+    EXPECT_NEAR(first.x, 0, 1e-9);
+    EXPECT_NEAR(first.y, 400, 1e-9);
+    const auto last = OrbitGeometry::planetCentre(record, 4);  // right of the star
+    EXPECT_NEAR(last.x, 490, 1e-9);
+    EXPECT_NEAR(last.y, 0, 1e-6);
+}
+
+TEST(OrbitGeometryTest, OrbitIsPickedBelowSixtyUnitsOnly) {
+    // One planet at angle 2π, i.e. on the positive x axis; probe straight above the star, far
+    // from the disc, so only the orbit distance decides.
+    const SystemRecord record = systemWithOrbits({1000});
+    EXPECT_EQ(OrbitGeometry::hitTest(record, {0, -1059}, kPixel), 1);
+    EXPECT_EQ(OrbitGeometry::hitTest(record, {0, -941}, kPixel), 1);
+    EXPECT_EQ(OrbitGeometry::hitTest(record, {0, -1060}, kPixel), 0);
+    EXPECT_EQ(OrbitGeometry::hitTest(record, {0, -940}, kPixel), 0);
+}
+
+TEST(OrbitGeometryTest, DiscWinsOverNearerOrbitAndTiesGoToFirstPlanet) {
+    // Two planets: 1 at angle π (left), 2 at 2π (right).
+    const SystemRecord record = systemWithOrbits({400, 430}, 3);
+    // On planet 1's disc but exactly on planet 2's orbit distance: the disc decides.
+    EXPECT_EQ(OrbitGeometry::hitTest(record, {-430, 0}, kPixel), 1);
+    // Disc reach is (Size + 1) pixels in each axis.
+    EXPECT_EQ(OrbitGeometry::hitTest(record, {430 + 59, 59}, kPixel), 2);
+    // Midway between the two orbits, away from both discs: equal distance, first planet.
+    EXPECT_EQ(OrbitGeometry::hitTest(record, {0, 415}, kPixel), 1);
+    EXPECT_EQ(OrbitGeometry::hitTest(record, {0, 428}, kPixel), 2);
+    EXPECT_EQ(OrbitGeometry::hitTest(SystemRecord{}, {0, 400}, kPixel), 0);
+}
+
+TEST(OrbitGeometryTest, DragKeepsOrbitsApartAndInsideLimits) {
+    const SystemRecord record = systemWithOrbits({400, 600, 800});
+    // Planet 1 inward stops at 200, the last planet outward at 2000.
+    EXPECT_EQ(OrbitGeometry::dragPosition(record, 1, 10, kPixel), 200);
+    EXPECT_EQ(OrbitGeometry::dragPosition(record, 3, 5000, kPixel), 2000);
+    // The integer part of the distance is taken.
+    EXPECT_EQ(OrbitGeometry::dragPosition(record, 2, 650.9, kPixel), 650);
+    // A middle planet stays one pixel clear of both neighbours.
+    EXPECT_EQ(OrbitGeometry::dragPosition(record, 2, 100, kPixel), 415);
+    EXPECT_EQ(OrbitGeometry::dragPosition(record, 2, 1900, kPixel), 785);
+    EXPECT_EQ(OrbitGeometry::dragPosition(record, 1, 700, kPixel), 585);
+    EXPECT_EQ(OrbitGeometry::dragPosition(record, 3, 100, kPixel), 615);
+    // A fractional pixel still keeps a whole unit more than the pixel.
+    EXPECT_EQ(OrbitGeometry::dragPosition(record, 2, 100, 10.3), 411);
+}
+
+TEST(OrbitGeometryTest, DragWithoutRoomKeepsTheOrbit) {
+    const SystemRecord record = systemWithOrbits({400, 410, 420});
+    EXPECT_EQ(OrbitGeometry::dragPosition(record, 2, 1000, kPixel), 410);
+    EXPECT_EQ(OrbitGeometry::dragPosition(record, 2, 0, kPixel), 410);
+    EXPECT_EQ(OrbitGeometry::dragPosition(record, 4, 1000, kPixel), 0);  // no such planet
+}
+
+TEST(OrbitGeometryTest, BeltLooksTheSameEveryTime) {
+    const double angle = OrbitGeometry::planetAngle(2, 3);
+    const auto first = OrbitGeometry::beltArcs(600, angle);
+    const auto second = OrbitGeometry::beltArcs(600, angle);
+    ASSERT_EQ(first.size(), second.size());
+    for (std::size_t i = 0; i < first.size(); ++i) {
+        EXPECT_EQ(first[i].radius, second[i].radius);
+        EXPECT_EQ(first[i].startAngle, second[i].startAngle);
+    }
+    // Another planet angle gives another pattern.
+    const auto other = OrbitGeometry::beltArcs(600, OrbitGeometry::planetAngle(1, 3));
+    bool differs = other.size() != first.size();
+    for (std::size_t i = 0; !differs && i < first.size(); ++i)
+        differs = other[i].startAngle != first[i].startAngle || other[i].radius != first[i].radius;
+    EXPECT_TRUE(differs);
+}
+
+TEST(OrbitGeometryTest, BeltArcsLieOnThreeRingsWithAboutOneInFiveFilled) {
+    const int position = 600;
+    const auto arcs = OrbitGeometry::beltArcs(position, 0);
+    const double step = 15.0 / position;
+    const int candidates = 3 * static_cast<int>(std::floor(2 * OrbitGeometry::kPi / step));
+    ASSERT_FALSE(arcs.empty());
+    for (const auto& arc : arcs) {
+        EXPECT_TRUE(arc.radius == 585 || arc.radius == 600 || arc.radius == 615);
+        EXPECT_DOUBLE_EQ(arc.sweep, step);
+        EXPECT_LE(arc.startAngle, 2 * OrbitGeometry::kPi - step + 1e-9);
+    }
+    const double share = static_cast<double>(arcs.size()) / candidates;
+    EXPECT_GT(share, 0.12);
+    EXPECT_LT(share, 0.28);
+    EXPECT_TRUE(OrbitGeometry::beltArcs(0, 0).empty());
+}
+
+TEST(OrbitGeometryTest, SeededFractionStaysInUnitRange) {
+    for (long long seed : {-100000LL, -1LL, 0LL, 1LL, 123456789LL}) {
+        const double f = OrbitGeometry::seededFraction(seed);
+        EXPECT_GE(f, 0.0);
+        EXPECT_LT(f, 1.0);
+        EXPECT_EQ(f, OrbitGeometry::seededFraction(seed));
+    }
+    EXPECT_NE(OrbitGeometry::seededFraction(-6000), OrbitGeometry::seededFraction(-6001));
+}
+
+}  // namespace
+}  // namespace orr
