@@ -35,7 +35,7 @@ struct FilePrompt {
 };
 
 class Prompts {
-public:
+  public:
     virtual ~Prompts() = default;
     virtual PromptAnswer message(QWidget* parent, const MessagePrompt& prompt) = 0;
     // nullopt when cancelled; an empty string when the user confirmed an empty text.
