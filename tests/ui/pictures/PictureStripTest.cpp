@@ -1,0 +1,224 @@
+// The in-memory pictures of the open system: cutting a strip into cells, composing it again,
+// keeping pictures with their planets, and the "DIRTY" mark the main window saves by.
+
+#include <QtTest>
+#include <filesystem>
+#include <fstream>
+
+#include "pictures/PictureStrip.h"
+
+using namespace orr::ui;
+namespace fs = std::filesystem;
+
+namespace {
+
+QImage filled(int width, int height, QColor colour) {
+    QImage image(width, height, QImage::Format_RGB32);
+    image.fill(colour);
+    return image;
+}
+
+fs::path pathOf(const QTemporaryDir& dir, const char* name) {
+    return fs::path(dir.path().toStdString()) / name;
+}
+
+void touch(const fs::path& file) {
+    std::ofstream(file) << "x";
+}
+
+}  // namespace
+
+class PictureStripTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void aSavedStripIsCutBackIntoTheSamePictures() {
+        QTemporaryDir dir;
+        PictureStrip strip;
+        strip.SetupPics(3);
+        strip.setPicture(1, filled(PictureStrip::kCellWidth, PictureStrip::kCellHeight, Qt::red));
+        strip.setPicture(3, filled(PictureStrip::kCellWidth, PictureStrip::kCellHeight, Qt::blue));
+        QVERIFY(strip.isDirty());
+        QCOMPARE(strip.tag(), QStringLiteral("DIRTY"));
+
+        const fs::path file = pathOf(dir, "Sol.bmp");
+        QVERIFY(strip.SavePictures(file));
+        QVERIFY(!strip.isDirty());
+        std::ifstream in(file, std::ios::binary);
+        char magic[2] = {};
+        in.read(magic, 2);
+        QCOMPARE(QByteArray(magic, 2), QByteArray("BM"));
+
+        PictureStrip loaded;
+        QVERIFY(loaded.LoadPictures(file, 3));
+        QCOMPARE(loaded.count(), 3);
+        QVERIFY(!loaded.isDirty());
+        QCOMPARE(loaded.picture(1).size(),
+                 QSize(PictureStrip::kCellWidth, PictureStrip::kCellHeight));
+        QCOMPARE(loaded.picture(1).pixelColor(10, 10), QColor(Qt::red));
+        QCOMPARE(loaded.picture(2).pixelColor(10, 10), QColor(Qt::black));  // blank cell
+        QCOMPARE(loaded.picture(3).pixelColor(159, 119), QColor(Qt::blue));
+    }
+
+    void cellsAreEqualSlicesOfAStripInAnyPictureFormat() {
+        QTemporaryDir dir;
+        QImage source(90, 20, QImage::Format_RGB32);
+        source.fill(Qt::green);
+        for (int y = 0; y < 20; ++y) {
+            for (int x = 30; x < 60; ++x) source.setPixelColor(x, y, Qt::white);
+        }
+        // A picture whose name does not tell its format, as "Sol.jpg" holding a bitmap.
+        const fs::path file = pathOf(dir, "Sol.jpg");
+        QVERIFY(source.save(QString::fromStdString(file.string()), "BMP"));
+
+        PictureStrip strip;
+        QVERIFY(strip.LoadPictures(file, 3));
+        QCOMPARE(strip.picture(1).size(), QSize(30, 20));
+        QCOMPARE(strip.picture(1).pixelColor(29, 0), QColor(Qt::green));
+        QCOMPARE(strip.picture(2).pixelColor(0, 19), QColor(Qt::white));
+        QCOMPARE(strip.picture(3).pixelColor(0, 0), QColor(Qt::green));
+    }
+
+    void anUnreadableStripGivesEmptyPictures() {
+        QTemporaryDir dir;
+        PictureStrip strip;
+        QVERIFY(!strip.LoadPictures(pathOf(dir, "missing.bmp"), 4));
+        QCOMPARE(strip.count(), 4);
+        QVERIFY(!strip.hasAnyPicture());
+        touch(pathOf(dir, "junk.bmp"));
+        QVERIFY(!strip.LoadPictures(pathOf(dir, "junk.bmp"), 2));
+        QCOMPARE(strip.count(), 2);
+    }
+
+    void largePicturesAreCutAtTheCellEdge() {
+        PictureStrip strip;
+        strip.SetupPics(2);
+        strip.setPicture(1, filled(200, 150, Qt::red));
+        strip.setPicture(2, filled(10, 10, Qt::blue));
+        const QImage composed = strip.composeStrip();
+        QCOMPARE(composed.size(), QSize(2 * PictureStrip::kCellWidth, PictureStrip::kCellHeight));
+        QCOMPARE(composed.pixelColor(PictureStrip::kCellWidth - 1, PictureStrip::kCellHeight - 1),
+                 QColor(Qt::red));
+        QCOMPARE(composed.pixelColor(PictureStrip::kCellWidth, 0), QColor(Qt::blue));
+        QCOMPARE(composed.pixelColor(PictureStrip::kCellWidth + 20, 50), QColor(Qt::black));
+    }
+
+    void swappingKeepsPicturesWithTheirPlanets() {
+        PictureStrip strip;
+        strip.SetupPics(3);
+        strip.setPicture(2, filled(5, 5, Qt::red));
+        strip.clearDirty();
+
+        strip.SwapPictures(1, 3);  // two planets without pictures: the strip is unchanged
+        QVERIFY(!strip.isDirty());
+        strip.SwapPictures(3, 2);
+        QVERIFY(strip.isDirty());
+        QVERIFY(!strip.hasPicture(2));
+        QCOMPARE(strip.picture(3).pixelColor(0, 0), QColor(Qt::red));
+
+        strip.clearDirty();
+        strip.SwapPictures(0, 3);
+        strip.SwapPictures(3, 4);
+        QVERIFY(!strip.isDirty());
+        QVERIFY(strip.hasPicture(3));
+
+        orr::PictureSlots& planetSlots = strip;
+        planetSlots.swapPictures(3, 1);
+        QVERIFY(strip.hasPicture(1));
+        QVERIFY(strip.isDirty());
+    }
+
+    void slotChangesMarkDirtyOnlyWhenThereArePictures() {
+        PictureStrip strip;
+        strip.SetupPics(2);
+        orr::PictureSlots& planetSlots = strip;
+        planetSlots.addPictureSlot();
+        QCOMPARE(strip.count(), 3);
+        QVERIFY(!strip.isDirty());
+        planetSlots.dropLastPictureSlot();
+        QVERIFY(!strip.isDirty());
+
+        strip.setPicture(1, filled(5, 5, Qt::red));
+        strip.clearDirty();
+        planetSlots.addPictureSlot();
+        QVERIFY(strip.isDirty());
+        strip.clearDirty();
+        planetSlots.dropLastPictureSlot();
+        QCOMPARE(strip.count(), 2);
+        QVERIFY(strip.isDirty());
+
+        strip.clearDirty();
+        planetSlots.resetPictures(0);  // Clear Planets: the saved strip must go
+        QCOMPARE(strip.count(), 0);
+        QVERIFY(strip.isDirty());
+    }
+
+    void setupGivesEmptyCleanPictures() {
+        PictureStrip strip;
+        strip.SetupPics(2);
+        strip.setPicture(2, filled(5, 5, Qt::red));
+        strip.SetupPics(5);
+        QCOMPARE(strip.count(), 5);
+        QVERIFY(!strip.hasAnyPicture());
+        QVERIFY(!strip.isDirty());
+        QVERIFY(strip.picture(6).isNull());
+        strip.setPicture(6, filled(5, 5, Qt::red));
+        QVERIFY(!strip.isDirty());
+        strip.setPicture(1, filled(5, 5, Qt::red));
+        strip.removeAllPictures();
+        QVERIFY(!strip.hasAnyPicture());
+        QVERIFY(strip.isDirty());
+    }
+
+    void stripFilesAreThoseOfTheSystemOnly() {
+        QTemporaryDir dir;
+        for (const char* name :
+             {"SOL.BMP", "Sol.gif", "SolSun.bmp", "Sol3.avi", "Sol.x.bmp", "Solar.bmp"}) {
+            touch(pathOf(dir, name));
+        }
+        std::vector<std::string> names;
+        for (const fs::path& p : PictureStrip::stripFiles(pathOf(dir, ""), "Sol")) {
+            names.push_back(p.filename().string());
+        }
+        std::sort(names.begin(), names.end());
+        QCOMPARE(names, std::vector<std::string>({"SOL.BMP", "Sol.gif"}));
+        QVERIFY(PictureStrip::findStripFile(pathOf(dir, ""), "sol").has_value());
+        QVERIFY(!PictureStrip::findStripFile(pathOf(dir, ""), "Vega").has_value());
+
+        QVERIFY(PictureStrip::deleteStripFiles(pathOf(dir, ""), "Sol"));
+        QVERIFY(PictureStrip::stripFiles(pathOf(dir, ""), "Sol").empty());
+        QVERIFY(fs::exists(pathOf(dir, "SolSun.bmp")));
+        QVERIFY(fs::exists(pathOf(dir, "Sol3.avi")));
+        QVERIFY(fs::exists(pathOf(dir, "Sol.x.bmp")));
+    }
+
+    void aFailedSaveLeavesNoStaleStrip() {
+        QTemporaryDir dir;
+        touch(pathOf(dir, "Sol.jpg"));
+        touch(pathOf(dir, "SolSun.bmp"));
+        touch(pathOf(dir, "Sol2.avi"));
+        fs::create_directory(pathOf(dir, "Sol.bmp"));  // the strip's name is taken: writing fails
+
+        PictureStrip strip;
+        strip.SetupPics(2);
+        strip.setPicture(1, filled(5, 5, Qt::red));
+        QVERIFY(!strip.SavePictures(pathOf(dir, "Sol.bmp")));
+        QVERIFY(strip.isDirty());
+        QVERIFY(!fs::exists(pathOf(dir, "Sol.jpg")));
+        QVERIFY(fs::exists(pathOf(dir, "SolSun.bmp")));
+        QVERIFY(fs::exists(pathOf(dir, "Sol2.avi")));
+    }
+
+    void aSystemWithoutPlanetsWritesNoStrip() {
+        QTemporaryDir dir;
+        PictureStrip strip;
+        strip.SetupPics(0);
+        strip.setDirty();
+        QVERIFY(strip.SavePictures(pathOf(dir, "Sol.bmp")));
+        QVERIFY(!fs::exists(pathOf(dir, "Sol.bmp")));
+        QVERIFY(!strip.isDirty());
+    }
+};
+
+QTEST_MAIN(PictureStripTest)
+#include "PictureStripTest.moc"
