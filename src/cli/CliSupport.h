@@ -1,0 +1,72 @@
+#pragma once
+// Helpers shared by the command groups of orrerion-cli: the conversion between command-line
+// arguments and the game's Windows-1252 bytes, argument checks, and the edit session that opens
+// a system in its working copy and either commits it or leaves no trace.
+
+#include <QString>
+#include <string>
+#include <string_view>
+
+#include "store/SystemStore.h"
+
+namespace orr::cli {
+
+// Arguments reach the commands as Unicode strings. main() decodes each raw argument as UTF-8
+// when it is valid UTF-8, else as Windows-1252 bytes (what the tool itself prints), so both a
+// name typed on a UTF-8 terminal and a name piped from `list` find the same system. bytesOf
+// turns an argument back into the game's bytes.
+QString argumentFromRaw(std::string_view raw);
+std::string bytesOf(const QString& argument);
+QString textOf(std::string_view cp1252);  // game bytes for JSON and Qt
+
+// The argument as an integer in [min, max]; otherwise a CliError naming `what`.
+int numberArgument(const QString& argument, int min, int max, const std::string& what);
+
+// Refuses texts that would break the descriptor's line structure (CR, LF or NUL).
+void requireSingleLine(const std::string& text, const std::string& what);
+
+// `what` in single quotes, for messages.
+std::string inQuotes(const std::string& what);
+
+// The name of the existing system `argument` as its descriptor file spells it (the file is
+// found ignoring case); a CliError when there is none.
+std::string existingSystem(const SystemStore& store, const QString& argument);
+
+// Refuses when `name` has a working copy (name.edt): the editor has it open or a backup waits.
+void requireNoWorkingCopy(const SystemStore& store, const std::string& name);
+
+// One change of a saved system, as the editor makes it: BeginEdit and LoadSystem on a fresh
+// working copy; the change writes into the working copy; commit() saves the block and copies the
+// working copy over the descriptor. Whenever the session ends without a successful commit the
+// working copy is discarded, so no stray .edt stays behind.
+class EditSession {
+  public:
+    EditSession(SystemStore& store, const std::string& name);
+    ~EditSession();
+    EditSession(const EditSession&) = delete;
+    EditSession& operator=(const EditSession&) = delete;
+
+    SystemStore& store() { return store_; }
+    SystemRecord& record() { return store_.record(); }
+    const LoadResult& loaded() const { return loaded_; }
+
+    // Refuses record changes (planets) when the descriptor holds no system block: the block
+    // save would silently drop them.
+    void requireBlock() const;
+    // A planet number in [min, PlanetCount]; otherwise a CliError that says how many there are.
+    int planetArgument(const QString& argument, int min) const;
+
+    // Throws the store's reason for the failed step, or `fallback` when it gave none.
+    [[noreturn]] void fail(const std::string& fallback) const;
+
+    void commit();
+
+  private:
+    SystemStore& store_;
+    LoadResult loaded_;
+    bool committed_ = false;
+
+    void discard() noexcept;
+};
+
+}  // namespace orr::cli
