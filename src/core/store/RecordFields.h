@@ -1,0 +1,51 @@
+#pragma once
+// The line and field rules of the game's record files: the system list SOLARSYS.TXT and the
+// system block of a descriptor. A record line holds comma-separated fields: the display name as
+// a quoted text, every other field a plain decimal integer.
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "store/SystemRecord.h"
+
+namespace orr {
+
+class RecordFields {
+  public:
+    struct Header {
+        std::string displayName;  // already cut or padded to 20 characters
+        std::int16_t starType = 0;
+        std::int16_t planetCount = 0;
+    };
+
+    // The lines of a text file without their ends; CR LF, LF and CR all end a line. A last line
+    // without an end counts, an empty text after the last line end does not.
+    static std::vector<std::string_view> splitLines(std::string_view bytes);
+
+    // The fields of one line: blanks before a field are skipped; a quoted text may hold commas
+    // and ends at its closing quote (anything after it up to the next comma is ignored); an
+    // unquoted field ends at the next comma and loses its trailing blanks.
+    static std::vector<std::string> split(std::string_view line);
+
+    // The header line (display name, star type 0..7, planet count 0..10). On failure nullopt,
+    // and *reason says what is wrong in words for the user.
+    static std::optional<Header> parseHeader(std::string_view line, std::string* reason);
+
+    // The planet count a header claims, even when it is out of range; nullopt when the line is
+    // no header at all.
+    static std::optional<long long> claimedPlanetCount(std::string_view line);
+
+    // A planet line of six integers. Only on success are fields 1..6 of `planet` overwritten.
+    static bool parsePlanet(std::string_view line, PlanetRecord& planet, std::string* reason);
+
+    // The header fields as written: quoted 20-character display name, star type, planet count.
+    static std::string headerFields(const SystemRecord& record);
+    // The six planet fields as written, e.g. "400,2,0,0,1,0".
+    static std::string planetFields(const PlanetRecord& planet);
+    // The planet count written for a record: PlanetCount kept within 0..10.
+    static int writtenPlanetCount(const SystemRecord& record);
+};
+
+}  // namespace orr

@@ -1,0 +1,128 @@
+#include "GameFolderFixture.h"
+
+#include <unistd.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
+
+namespace orr::test {
+
+const char* const kSystemList =
+    "\"Sol\",0,9\r\n"
+    "300,3,0,0,3,0\r\n"
+    "420,2,0,0,3,0\r\n"
+    "560,3,1,46087,13,5\r\n"
+    "700,2,2,0,11,0\r\n"
+    "900,0,0,0,0,0\r\n"
+    "1100,5,16,0,6,0\r\n"
+    "1300,4,18,0,7,0\r\n"
+    "1500,3,15,0,14,0\r\n"
+    "1800,1,1,0,10,0\r\n"
+    "\"Vega\",1,0\r\n"
+    "\"Hidden #1\",2,1\r\n"
+    "500,2,0,0,1,0\r\n"
+    "\"Sol\",3,3\r\n"
+    "400,2,0,0,1,0\r\n"
+    "500,2,0,0,1,0\r\n"
+    "600,2,0,0,1,0\r\n";
+
+std::string crlf(std::initializer_list<std::string_view> lines) {
+    std::string out;
+    for (std::string_view line : lines) {
+        out += line;
+        out += "\r\n";
+    }
+    return out;
+}
+
+std::string readBytes(const fs::path& file) {
+    std::ifstream in(file, std::ios::binary);
+    std::ostringstream bytes;
+    bytes << in.rdbuf();
+    return bytes.str();
+}
+
+void writeBytes(const fs::path& file, std::string_view bytes) {
+    std::ofstream out(file, std::ios::binary | std::ios::trunc);
+    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+}
+
+bool runningAsRoot() {
+    return geteuid() == 0;
+}
+
+ReadOnlyFolder::ReadOnlyFolder(fs::path folder) : folder_(std::move(folder)) {
+    fs::permissions(folder_, fs::perms::owner_read | fs::perms::owner_exec);
+}
+
+ReadOnlyFolder::~ReadOnlyFolder() {
+    std::error_code ec;
+    fs::permissions(folder_, fs::perms::owner_all, ec);
+}
+
+TempGameFolder::TempGameFolder() {
+    std::string pattern = (fs::temp_directory_path() / "orrerion-store-XXXXXX").string();
+    if (!mkdtemp(pattern.data())) throw std::runtime_error("cannot create a temporary folder");
+    root_ = pattern;
+    writeBytes(root_ / "voidrunner.exe", "MZ stand-in");
+    writeBytes(root_ / "SOLARSYS.TXT", kSystemList);
+    writeBytes(root_ / "aliens.txt", crlf({"Klaxi", "Ormu", "Vessari"}));
+    fs::create_directory(root_ / "ORBDescriptor");
+    fs::create_directory(root_ / "PICTURES");
+}
+
+TempGameFolder::~TempGameFolder() {
+    std::error_code ec;
+    // A test may have left a folder read-only.
+    for (auto it = fs::recursive_directory_iterator(root_, ec);
+         !ec && it != fs::recursive_directory_iterator(); it.increment(ec)) {
+        if (it->is_directory()) fs::permissions(it->path(), fs::perms::owner_all, ec);
+    }
+    fs::remove_all(root_, ec);
+}
+
+StoreTest::StoreTest() : store(game.folder()) {
+    store.InitTables();
+}
+
+void StoreTest::writeDescriptor(const std::string& name, std::string_view bytes) {
+    writeBytes(game.descriptor(name + ".orb"), bytes);
+}
+
+std::string StoreTest::readDescriptor(const std::string& fileName) const {
+    return readBytes(game.descriptor(fileName));
+}
+
+void StoreTest::openNewSystem(const std::string& name, int planets) {
+    SystemRecord record;
+    record.Name = name;
+    record.setDisplayName(name);
+    writeDescriptor(name, newDescriptorText(record));
+    ASSERT_TRUE(openSystem(name).blockFound);
+    for (int i = 0; i < planets; ++i) ASSERT_TRUE(store.AddPlanet()) << store.lastError();
+    ASSERT_TRUE(store.SaveSystemBlock()) << store.lastError();
+}
+
+LoadResult StoreTest::openSystem(const std::string& name) {
+    store.record().Name = name;
+    EXPECT_TRUE(store.BeginEdit([] { return false; })) << store.lastError();
+    return store.LoadSystem(name);
+}
+
+SystemRecord StoreTest::saveAndReload() {
+    EXPECT_TRUE(store.SaveSystemBlock()) << store.lastError();
+    SystemStore other(game.folder());
+    other.record().Name = store.record().Name;
+    if (store.IsEditing()) {
+        // Read the working copy, where the change is: keeping the "backup" switches the other
+        // store to it without copying anything.
+        EXPECT_TRUE(other.BeginEdit([] { return true; }));
+    }
+    const LoadResult result = other.LoadSystem(store.record().Name);
+    EXPECT_TRUE(result.blockFound);
+    EXPECT_EQ(result.warning, "");
+    return other.record();
+}
+
+}  // namespace orr::test

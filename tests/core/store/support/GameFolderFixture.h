@@ -1,0 +1,81 @@
+#pragma once
+// A fresh temporary game folder per test, laid out as the game ships it, and the helpers the
+// store tests share.
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <initializer_list>
+#include <string>
+#include <string_view>
+
+#include "store/GameFolder.h"
+#include "store/SystemStore.h"
+
+namespace orr::test {
+
+namespace fs = std::filesystem;
+
+// The system list of the fixture: Sol with 9 planets, Vega with none, a hidden "#" system with
+// one planet, and Sol again with 3 planets under another key.
+extern const char* const kSystemList;
+
+// Lines joined with CR LF, each line ended.
+std::string crlf(std::initializer_list<std::string_view> lines);
+
+std::string readBytes(const fs::path& file);
+void writeBytes(const fs::path& file, std::string_view bytes);
+
+// Permissions are not enforced for root, so read-only checks are skipped there.
+bool runningAsRoot();
+
+// Makes a folder read-only for its lifetime.
+class ReadOnlyFolder {
+  public:
+    explicit ReadOnlyFolder(fs::path folder);
+    ~ReadOnlyFolder();
+    ReadOnlyFolder(const ReadOnlyFolder&) = delete;
+    ReadOnlyFolder& operator=(const ReadOnlyFolder&) = delete;
+
+  private:
+    fs::path folder_;
+};
+
+class TempGameFolder {
+  public:
+    TempGameFolder();
+    ~TempGameFolder();
+    TempGameFolder(const TempGameFolder&) = delete;
+    TempGameFolder& operator=(const TempGameFolder&) = delete;
+
+    const fs::path& root() const { return root_; }
+    GameFolder folder() const { return GameFolder(root_); }
+    fs::path descriptors() const { return root_ / "ORBDescriptor"; }
+    fs::path pictures() const { return root_ / "PICTURES"; }
+    fs::path descriptor(const std::string& fileName) const { return descriptors() / fileName; }
+
+  private:
+    fs::path root_;
+};
+
+// A store on a fresh game folder with the tables loaded.
+class StoreTest : public ::testing::Test {
+  protected:
+    StoreTest();
+
+    // Writes ORBDescriptor/<name>.orb.
+    void writeDescriptor(const std::string& name, std::string_view bytes);
+    std::string readDescriptor(const std::string& fileName) const;
+    // Creates the descriptor of a custom system with `planets` planets (added the way the editor
+    // adds them) and opens it in its working copy.
+    void openNewSystem(const std::string& name, int planets);
+    // BeginEdit (keeping no backup) and LoadSystem.
+    LoadResult openSystem(const std::string& name);
+    // Saves the block, loads the system into a fresh store and returns that store's record.
+    SystemRecord saveAndReload();
+
+    TempGameFolder game;
+    SystemStore store;
+};
+
+}  // namespace orr::test
