@@ -11,6 +11,7 @@
 //   whole lines, as the game's descriptor routines do.
 
 #include <cstddef>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -20,7 +21,7 @@
 namespace orr {
 
 class ProfileDocument {
-public:
+  public:
     struct Line {
         std::string text;  // without its line end
         std::string eol;   // "\r\n", "\n", "\r", or "" for a last line without an end
@@ -47,16 +48,23 @@ public:
 
     // Direct access for the descriptor's own line rewrites (system block, planet swap). Call
     // linesChanged() after changing the lines so the index is rebuilt.
-    const std::vector<Line>& lines() const { return lines_; }
-    std::vector<Line>& mutableLines() { return lines_; }
+    const std::vector<Line>& lines() const;
+    std::vector<Line>& mutableLines();
     void linesChanged();
 
-private:
-    std::vector<Line> lines_;
+  private:
+    // New key lines are not inserted into lines_ at once (that would move every later line):
+    // they wait in pendingAfter_, keyed by the line they follow, until someone needs the plain
+    // line list. serialize() and the index see them where they belong.
+    mutable std::vector<Line> lines_;
+    mutable std::map<std::size_t, std::vector<Line>> pendingAfter_;
     // The implementation keeps its lookup index here (see ProfileDocument.cpp).
     struct Index;
     mutable std::shared_ptr<Index> index_;
     const Index& index() const;
+    Index& mutableIndex();
+    void applyPendingLines() const;
+    Line& lineAt(std::size_t anchor, std::size_t offset) const;
 };
 
 }  // namespace orr

@@ -18,7 +18,7 @@ namespace orr {
 namespace fs = std::filesystem;
 
 class ProfileStore {
-public:
+  public:
     // The platform's read: value or nullopt when the file or key is missing.
     std::optional<std::string> readValue(const fs::path& file, std::string_view section,
                                          std::string_view key);
@@ -42,19 +42,20 @@ public:
     // Groups writes into one. Nested batches flush when the outermost ends. commit() reports
     // whether every write of the batch reached the disk; the destructor commits if not done.
     class WriteBatch {
-    public:
+      public:
         explicit WriteBatch(ProfileStore& store);
         ~WriteBatch();
         WriteBatch(const WriteBatch&) = delete;
         WriteBatch& operator=(const WriteBatch&) = delete;
         bool commit();
 
-    private:
+      private:
         ProfileStore& store_;
         bool done_ = false;
+        bool ok_ = true;
     };
 
-private:
+  private:
     struct Entry;
     // Implementation state (cache entries by path, batch depth, pending files).
     std::map<fs::path, std::shared_ptr<Entry>> entries_;
@@ -62,9 +63,14 @@ private:
     bool batchFailed_ = false;
     std::string lastError_;
 
-    Entry* load(const fs::path& file);
+    // The cached entry of an existing file, read again when it changed on disk. nullptr when the
+    // file is missing (*missing set) or cannot be read (lastError_ set).
+    Entry* load(const fs::path& file, bool* missing = nullptr);
+    // Writes the entry now, or marks it for the end of the open batch.
     bool store(const fs::path& file, Entry& entry);
+    bool writeToDisk(const fs::path& file, Entry& entry);
     bool flushPending();
+    bool fail(std::string message);
 };
 
 }  // namespace orr

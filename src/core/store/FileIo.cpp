@@ -1,0 +1,182 @@
+#include "store/FileIo.h"
+
+#include <atomic>
+#include <cerrno>
+#include <chrono>
+#include <cstdio>
+#include <cstring>
+#include <memory>
+#include <random>
+
+namespace orr {
+
+namespace {
+
+std::string quoted(const fs::path& path) {
+    return "\"" + path.string() + "\"";
+}
+
+bool fail(std::string* error, std::string message) {
+    if (error) *error = std::move(message);
+    return false;
+}
+
+std::string systemReason(int code) {
+    return std::strerror(code);
+}
+
+// A name no other writer uses: hidden, beside the target, and clearly a leftover if it stays.
+fs::path temporaryNameFor(const fs::path& target) {
+    static std::atomic<unsigned> counter{0};
+    thread_local std::mt19937_64 random{
+        std::random_device{}() ^
+        static_cast<std::uint64_t>(std::chrono::steady_clock::now().time_since_epoch().count())};
+    char suffix[32];
+    std::snprintf(suffix, sizeof suffix, ".%08x%04x.tmp",
+                  static_cast<unsigned>(random() & 0xFFFFFFFFu), counter++ & 0xFFFFu);
+    return target.parent_path() / ("." + target.filename().string() + suffix);
+}
+
+// Writes through a symbolic link to the file it names, so the link itself stays.
+fs::path resolveTarget(const fs::path& path) {
+    std::error_code ec;
+    if (fs::is_symlink(fs::symlink_status(path, ec))) {
+        fs::path resolved = fs::weakly_canonical(path, ec);
+        if (!ec) return resolved;
+    }
+    return path;
+}
+
+struct FileCloser {
+    void operator()(std::FILE* file) const {
+        if (file) std::fclose(file);
+    }
+};
+
+// Creates a fresh temporary file beside `target`; retries when a name is taken.
+std::FILE* createTemporary(const fs::path& target, fs::path& tempPath, int& reason) {
+    for (int attempt = 0; attempt < 100; ++attempt) {
+        tempPath = temporaryNameFor(target);
+        errno = 0;
+        // "x": fail rather than reuse a file that already exists.
+        if (std::FILE* file = std::fopen(tempPath.c_str(), "wbx")) return file;
+        reason = errno;
+        if (reason != EEXIST) return nullptr;
+    }
+    return nullptr;
+}
+
+bool writeAtomically(const fs::path& requested, std::string_view bytes,
+                     const std::optional<fs::file_time_type>& time,
+                     const std::optional<fs::perms>& permsForNewFile, std::string* error) {
+    const fs::path target = resolveTarget(requested);
+    std::error_code ec;
+    if (fs::is_directory(target, ec)) {
+        return fail(error, "Could not write " + quoted(requested) + ": it is a folder.");
+    }
+
+    fs::path tempPath;
+    int reason = 0;
+    std::FILE* raw = createTemporary(target, tempPath, reason);
+    if (!raw) {
+        return fail(error, "Could not write " + quoted(requested) +
+                               ": no temporary file can be created in its folder (" +
+                               systemReason(reason) + ").");
+    }
+    std::unique_ptr<std::FILE, FileCloser> file(raw);
+    auto abandon = [&](const std::string& what, int code) {
+        file.reset();
+        std::error_code ignored;
+        fs::remove(tempPath, ignored);
+        std::string message = "Could not write " + quoted(requested) + ": " + what;
+        if (code != 0) message += " (" + systemReason(code) + ")";
+        return fail(error, message + ".");
+    };
+
+    errno = 0;
+    if (!bytes.empty() && std::fwrite(bytes.data(), 1, bytes.size(), file.get()) != bytes.size()) {
+        return abandon("writing failed", errno);
+    }
+    errno = 0;
+    if (std::fflush(file.get()) != 0 || std::ferror(file.get())) {
+        return abandon("writing failed", errno);
+    }
+    errno = 0;
+    if (std::fclose(file.release()) != 0) return abandon("writing failed", errno);
+
+    // Keep the permissions the file had. Some file systems (FAT copies of a game folder) refuse
+    // permission changes altogether; the contents matter more, so that is not an error.
+    const fs::file_status oldStatus = fs::status(target, ec);
+    if (!ec && fs::exists(oldStatus)) {
+        fs::permissions(tempPath, oldStatus.permissions(), ec);
+    } else if (permsForNewFile) {
+        fs::permissions(tempPath, *permsForNewFile, ec);
+    }
+
+    if (time) {
+        fs::last_write_time(tempPath, *time, ec);
+        if (ec) return abandon("its modification time cannot be set", ec.value());
+    }
+
+    fs::rename(tempPath, target, ec);
+    if (ec) return abandon("the new contents cannot replace it", ec.value());
+    return true;
+}
+
+}  // namespace
+
+std::optional<std::string> readWholeFile(const fs::path& path, std::string* error) {
+    std::error_code ec;
+    if (fs::is_directory(path, ec)) {
+        fail(error, "Could not read " + quoted(path) + ": it is a folder.");
+        return std::nullopt;
+    }
+    errno = 0;
+    std::unique_ptr<std::FILE, FileCloser> file(std::fopen(path.c_str(), "rb"));
+    if (!file) {
+        fail(error, "Could not read " + quoted(path) + " (" + systemReason(errno) + ").");
+        return std::nullopt;
+    }
+    std::string bytes;
+    const auto expected = fs::file_size(path, ec);
+    if (!ec) bytes.reserve(static_cast<std::size_t>(expected));
+    char buffer[65536];
+    while (true) {
+        const std::size_t got = std::fread(buffer, 1, sizeof buffer, file.get());
+        bytes.append(buffer, got);
+        if (got < sizeof buffer) break;
+    }
+    if (std::ferror(file.get())) {
+        fail(error, "Could not read " + quoted(path) + " (" + systemReason(errno) + ").");
+        return std::nullopt;
+    }
+    return bytes;
+}
+
+bool writeFileAtomically(const fs::path& path, std::string_view bytes, std::string* error) {
+    return writeAtomically(path, bytes, std::nullopt, std::nullopt, error);
+}
+
+bool copyFileKeepingTime(const fs::path& from, const fs::path& to, std::string* error) {
+    std::string readError;
+    const auto bytes = readWholeFile(from, &readError);
+    if (!bytes) return fail(error, "Could not copy " + quoted(from) + ": " + readError);
+    std::error_code ec;
+    const auto time = fs::last_write_time(from, ec);
+    if (ec) {
+        return fail(error, "Could not copy " + quoted(from) +
+                               ": its modification time cannot be read (" + ec.message() + ").");
+    }
+    const auto sourcePerms = fs::status(from, ec).permissions();
+    return writeAtomically(to, *bytes, time,
+                           ec ? std::nullopt : std::optional<fs::perms>(sourcePerms), error);
+}
+
+std::optional<fs::file_time_type> modificationTime(const fs::path& path) {
+    std::error_code ec;
+    const auto time = fs::last_write_time(path, ec);
+    if (ec) return std::nullopt;
+    return time;
+}
+
+}  // namespace orr
