@@ -1,0 +1,68 @@
+#pragma once
+// The life of the open system in the main window: the list of systems, opening one (with the
+// revert and save questions), new, save, save as, delete, clear planets and exit. A system is
+// always edited in its working copy; these commands decide when that copy is committed over the
+// saved descriptor and when it is thrown away.
+
+#include <QString>
+#include <optional>
+#include <string>
+
+#include "platform/Prompts.h"
+
+namespace orr::ui {
+
+class frmSSEdit;
+
+class SystemLifecycle {
+  public:
+    explicit SystemLifecycle(frmSSEdit& window);
+
+    // Lists the saved descriptors of the game folder in cboSystems.
+    void fillSystemList();
+    // The list index of the open system, -1 when none is open.
+    int tag() const { return tag_; }
+    // The system name (the game's 8-bit text) of a list entry.
+    std::string entryName(int index) const;
+    // The entry with exactly this name, -1 when none.
+    int findEntry(const std::string& name) const;
+
+    // The user chose an entry of cboSystems (possibly the open one again).
+    void systemChosen(int index);
+    void newSystem();
+    bool save();
+    void saveAs();
+    void deleteSystem();
+    void clearPlanets();
+    // Asks what to do with a modified system; true when the program may end.
+    bool confirmExit();
+
+    // Nothing open: empty record, empty canvas, no star, commands off.
+    void applyNoSelection();
+
+  private:
+    // Before another system is opened: asks `question` when the open system is modified and
+    // commits or discards its working copy. False when the user cancelled or the save failed.
+    bool leaveOpenSystem(const MessagePrompt& question);
+    // Steps of Save that come before the commit: block, planet pictures, star picture.
+    bool saveSteps();
+    // saveSteps and the commit; when the commit fails the working copy stays open for editing.
+    bool commitOpenSystem();
+    void discardWorkingCopy();
+    void openEntry(int index);
+    void loadPlanetPictures();
+    bool savePlanetPictures();
+    bool saveStarPicture();
+    // Selects an entry without it counting as the user's choice.
+    void selectEntry(int index);
+    void addEntry(const std::string& name);
+    std::optional<std::string> askNewSystemName();
+    std::optional<std::string> askSaveAsName();
+    MessagePrompt saveQuestion(const std::string& newName) const;
+
+    frmSSEdit& w_;
+    int tag_ = -1;
+    bool reentryGuard_ = false;
+};
+
+}  // namespace orr::ui
