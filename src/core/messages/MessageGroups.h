@@ -5,6 +5,7 @@
 // leads to it, or it is "Hail").
 
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "messages/MessageStore.h"
@@ -36,7 +37,7 @@ class MessageGroups {
 
     const std::vector<GroupEntry>& entries() const { return entries_; }
     bool empty() const { return entries_.empty(); }
-    void clear() { entries_.clear(); }
+    void clear();
     const GroupEntry* find(const std::string& group) const;
 
     static constexpr int kMessageKind = 0;
@@ -44,6 +45,7 @@ class MessageGroups {
 
   private:
     std::vector<GroupEntry> entries_;
+    std::unordered_map<std::string, std::size_t> index_;  // name -> position in entries_
 
     GroupEntry* mark(const std::string& shownName, int kind, bool& isNew);
 };

@@ -74,7 +74,8 @@ class SpecialEntry {
         std::size_t close;  // position of the closing bracket, or npos when it is missing
     };
     std::optional<Span> placeholder(char open, char close) const;
-    SpecialEntry replaced(const std::optional<Span>& span, std::string_view value) const;
+    SpecialEntry replaced(const std::optional<Span>& span, char close,
+                          std::string_view value) const;
 };
 
 // The round-bracket argument that names ship system `index`: "S" + digit.

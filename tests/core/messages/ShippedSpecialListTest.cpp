@@ -1,0 +1,134 @@
+// The special-code list that ships beside the program: every code the game's interpreter knows
+// must pass through the editor unchanged, and the file must be what the game's tools expect.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <set>
+
+#include "core/messages/support/ShippedCodes.h"
+#include "messages/MessageCodec.h"
+
+namespace orr {
+namespace {
+
+using test::shippedCodes;
+
+// Every code of the interpreter, each with a sample argument where it takes one.
+std::vector<std::string> interpreterCodes() {
+    std::vector<std::string> codes;
+    for (int n = 10; n <= 59; ++n) codes.push_back("%" + std::to_string(n));
+    for (const char* code :
+         {"%FA",      "%fB",     "%F7",       "%GN",   "%GE",     "%GS",     "%GW",
+          "%G-",      "^EN",     "^PT",       "^TB",   "^SH",     "^SN",     "*SFA",
+          "*CFZ",     "*TF9",    "*DS0",      "*DS3",  "*D!S8",   "*FS2",    "*F!S5",
+          "*FALL",    "*TREATY", "*NOTREATY", "*RS3",  "*R!S4",   "*+PTU5",  "*-PTU2",
+          "*+PT10",   "*-PT3",   "*+PO1",     "*-PO2", "*+EN500", "*-EN250", "*+ENM1000",
+          "*-ENM500", "*+TI5",   "*-TI2",     "*A3",   "*H100",   "*SP2"})
+        codes.emplace_back(code);
+    return codes;
+}
+
+std::string lineWith(const std::string& code) {
+    if (code.front() == '%') return code + "Text";
+    return "Text" + code;
+}
+
+TEST(ShippedSpecialList, EveryInterpreterCodeSurvivesReadingAndWriting) {
+    for (const std::string& code : interpreterCodes()) {
+        SCOPED_TRACE(code);
+        const std::string stored = lineWith(code);
+        const MessageLine line = DecodeMessage(stored, Direction::Message, "Hail", shippedCodes());
+        ASSERT_EQ(line.specials.size(), 1u);
+        EXPECT_TRUE(line.droppedCodes.empty());
+        EXPECT_EQ(line.specials[0].storedCode(), code);
+        EXPECT_EQ(line.answerGroup, "Hail");
+        EXPECT_EQ(ComposeMessage(line, Direction::Message, "Hail"), stored);
+    }
+}
+
+TEST(ShippedSpecialList, RestrictionsSurviveInResponses) {
+    for (const std::string& code : interpreterCodes()) {
+        if (code.front() != '%') continue;
+        SCOPED_TRACE(code);
+        const std::string stored = code + "Open the door*MRoom2";
+        const MessageLine line =
+            DecodeMessage(stored, Direction::Response, "Area11", shippedCodes());
+        ASSERT_EQ(line.specials.size(), 1u);
+        EXPECT_TRUE(SpecialCodeList::canAdd(line.specials[0], Direction::Response));
+        EXPECT_EQ(ComposeMessage(line, Direction::Response, "Area11"), stored);
+    }
+}
+
+TEST(ShippedSpecialList, EntriesAreWellFormed) {
+    const auto& entries = shippedCodes().entries();
+    std::set<std::string> headings;
+    std::vector<std::string> seen;
+    for (const SpecialEntry& entry : entries) {
+        SCOPED_TRACE(entry.line());
+        if (entry.isHeading()) {
+            headings.insert(entry.line());
+            continue;
+        }
+        EXPECT_NE(entry.place(), CodePlace::None);
+        EXPECT_FALSE(entry.description().empty());
+        const std::string& line = entry.line();
+        const auto brackets =
+            std::count_if(line.begin(), line.end(), [](char c) { return c == '(' || c == '['; });
+        EXPECT_LE(brackets, 1) << "one placeholder at most";
+        EXPECT_EQ(brackets, std::count_if(line.begin(), line.end(),
+                                          [](char c) { return c == ')' || c == ']'; }));
+        if (entry.place() == CodePlace::Prefix) {
+            EXPECT_FALSE(entry.roundArgument()) << "prefix codes take square brackets only";
+            EXPECT_EQ(entry.storedCode().size(), 3u);
+        }
+        if (entry.place() == CodePlace::Suffix) {
+            EXPECT_FALSE(entry.canEditArgument());
+            EXPECT_EQ(entry.code().size(), 3u);
+        }
+        // Matching runs from the last entry, so a code must stand after every code it extends,
+        // and no code may be listed twice.
+        for (const std::string& earlier : seen) EXPECT_FALSE(earlier.starts_with(entry.code()));
+        seen.push_back(entry.code());
+    }
+    for (const char* heading : {"Restrictions", "Conditions: upgrades", "Conditions: flags",
+                                "Room directions", "Flags", "Ship systems", "Supplies"})
+        EXPECT_TRUE(headings.count(heading)) << heading;
+}
+
+TEST(ShippedSpecialList, SystemCodesOpenTheSystemChooser) {
+    for (const char* code : {"*D", "*D!", "*F", "*F!", "*R", "*R!"}) {
+        SCOPED_TRACE(code);
+        const SpecialEntry* entry = shippedCodes().findEntry(code);
+        ASSERT_NE(entry, nullptr);
+        ASSERT_EQ(entry->code(), code);
+        EXPECT_EQ(entry->argumentEditor().kind, ArgumentEditorKind::SystemChooser);
+    }
+    EXPECT_EQ(shippedCodes().findEntry("*SF")->argumentEditor().kind,
+              ArgumentEditorKind::FlagChooser);
+    EXPECT_EQ(shippedCodes().findEntry("*+EN")->argumentEditor().kind,
+              ArgumentEditorKind::InputBox);
+}
+
+TEST(ShippedSpecialList, FileIsWindows1252WithCrLf) {
+    const std::string bytes = test::shippedListBytes();
+    ASSERT_GE(bytes.size(), 2u);
+    EXPECT_EQ(bytes.substr(bytes.size() - 2), "\r\n");
+    for (std::size_t i = 0; i < bytes.size(); ++i) {
+        const auto c = static_cast<unsigned char>(bytes[i]);
+        SCOPED_TRACE(i);
+        if (c == '\r') {
+            ASSERT_LT(i + 1, bytes.size());
+            EXPECT_EQ(bytes[i + 1], '\n');
+        } else if (c == '\n') {
+            EXPECT_EQ(bytes[i - 1], '\r');
+        } else {
+            EXPECT_TRUE(c >= 0x20 && c != 0x7F) << "control character";
+            // The five byte values Windows-1252 leaves undefined.
+            EXPECT_TRUE(c != 0x81 && c != 0x8D && c != 0x8F && c != 0x90 && c != 0x9D);
+        }
+    }
+}
+
+}  // namespace
+}  // namespace orr

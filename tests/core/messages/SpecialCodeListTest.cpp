@@ -1,0 +1,181 @@
+// The special-code list: parsing the file, the entries' placeholders, and the rules of the
+// editor's "Actions" frame (which entry may be added, conflicts, the argument editors).
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <random>
+
+#include "messages/SpecialCodeFile.h"
+#include "messages/SpecialCodeList.h"
+
+namespace orr {
+namespace {
+
+namespace fs = std::filesystem;
+
+const char* const kSample =
+    "Restrictions\r\n"
+    "%F - Only while flag [A] is set\r\n"
+    "%f - Only while flag [A] is clear\n"
+    "\r\n"
+    "   \r\n"
+    "%10 - No energy upgrade yet\r"
+    "%GN - North door\r\n"
+    "%GS - South door\r\n"
+    "Actions\r\n"
+    "*+EN - Gives (500) units of energy\r\n"
+    "*D - Damages (S0); S0 picks one\r\n"
+    "Last heading";
+
+TEST(SpecialCodeList, ParsesEntriesAndHeadingsInFileOrder) {
+    const SpecialCodeList list = SpecialCodeList::parse(kSample);
+    ASSERT_EQ(list.size(), 10u);
+    EXPECT_FALSE(list.codesAvailable());
+    const auto& e = list.entries();
+    EXPECT_TRUE(e[0].isHeading());
+    EXPECT_EQ(e[0].code(), "");
+    EXPECT_EQ(e[1].code(), "%F");
+    EXPECT_EQ(e[1].description(), "Only while flag [A] is set");
+    EXPECT_EQ(e[3].line(), "%10 - No energy upgrade yet");  // a lone CR ends a line too
+    EXPECT_TRUE(e[1].isRestriction());
+    EXPECT_FALSE(e[8].isRestriction());
+    EXPECT_FALSE(e[6].isRestriction());  // a heading carries no mark
+    EXPECT_TRUE(e[9].isHeading());
+}
+
+TEST(SpecialEntry, PlaceholdersHoldTheArgument) {
+    const SpecialEntry energy("*+EN - Gives (500) units of energy");
+    EXPECT_EQ(energy.roundArgument(), "500");
+    EXPECT_FALSE(energy.squareArgument());
+    EXPECT_EQ(energy.storedCode(), "*+EN500");
+    const SpecialEntry more = energy.withArgument("750");
+    EXPECT_EQ(more.line(), "*+EN - Gives (750) units of energy");
+    EXPECT_EQ(energy.withArgument("").line(), energy.line());
+
+    const SpecialEntry flag("%F - Only while flag [A] is set");
+    EXPECT_EQ(flag.withArgument("Q").storedCode(), "%FQ");
+    EXPECT_TRUE(flag.canEditArgument());
+
+    const SpecialEntry bare("*FALL - Repairs everything");
+    EXPECT_EQ(bare.withArgument("x"), bare);
+    EXPECT_FALSE(bare.canEditArgument());
+    EXPECT_EQ(SpecialEntry("^EN - Upgrade").storedCode(), "^EN");
+    EXPECT_EQ(SpecialEntry("Heading").storedCode(), "");
+
+    // An unclosed placeholder runs to the end of the line and is closed when edited.
+    const SpecialEntry open("*A - Allows (3 days");
+    EXPECT_EQ(open.roundArgument(), "3 days");
+    EXPECT_EQ(open.withArgument("5").line(), "*A - Allows (5)");
+}
+
+TEST(SpecialEntry, ArgumentEditorDependsOnThePlaceholder) {
+    const auto editor = [](const char* line) { return SpecialEntry(line).argumentEditor(); };
+    EXPECT_EQ(editor("*D - System (S3)").kind, ArgumentEditorKind::SystemChooser);
+    EXPECT_EQ(editor("*D - System (S3)").systemIndex, 3);
+    EXPECT_EQ(editor("*D - System (S0)").systemIndex, 0);
+    EXPECT_EQ(editor("*D - System (S9)").kind, ArgumentEditorKind::InputBox);
+    EXPECT_EQ(editor("*D - System (12)").kind, ArgumentEditorKind::InputBox);
+    EXPECT_EQ(editor("*D - System (12)").current, "12");
+    EXPECT_EQ(editor("*D - System (s3)").kind, ArgumentEditorKind::InputBox);
+    EXPECT_EQ(editor("*SF - Flag [C]").kind, ArgumentEditorKind::FlagChooser);
+    EXPECT_EQ(editor("*SF - Flag [C]").current, "C");
+    EXPECT_EQ(editor("^EN - Upgrade").kind, ArgumentEditorKind::None);
+    EXPECT_EQ(SpecialEntry("*D - System (S3)").withArgument(shipSystemArgument(7)).storedCode(),
+              "*DS7");
+}
+
+TEST(SpecialCodeList, FindsTheLastMatchingEntryAndFillsTheArgument) {
+    const SpecialCodeList list = SpecialCodeList::parse(kSample);
+    EXPECT_EQ(list.findEntry("%GS")->code(), "%GS");
+    EXPECT_EQ(list.findEntry("%GX"), nullptr);
+    EXPECT_EQ(list.findEntry("Actions"), nullptr);  // headings never match
+    EXPECT_EQ(list.entryForToken("*DS4")->line(), "*D - Damages (S4); S0 picks one");
+    EXPECT_EQ(list.entryForToken("%fZ")->storedCode(), "%fZ");
+    EXPECT_EQ(list.entryForToken("%10")->line(), "%10 - No energy upgrade yet");
+    EXPECT_FALSE(list.entryForToken("*Q"));
+}
+
+TEST(SpecialCodeList, AttachRules) {
+    const SpecialCodeList list = SpecialCodeList::parse(kSample);
+    const auto& e = list.entries();
+    const SpecialEntry& flagSet = e[1];
+    const SpecialEntry& upgrade = e[3];
+    const SpecialEntry& north = e[4];
+    const SpecialEntry& south = e[5];
+    const SpecialEntry& energy = e[7];
+
+    EXPECT_EQ(SpecialCodeList::checkAttach({}, upgrade), AttachConflict::None);
+    EXPECT_EQ(SpecialCodeList::checkAttach({upgrade}, upgrade), AttachConflict::SameRestriction);
+    EXPECT_EQ(SpecialCodeList::checkAttach({upgrade, north}, south),
+              AttachConflict::DirectionMarker);
+    EXPECT_EQ(SpecialCodeList::checkAttach({north}, north), AttachConflict::DirectionMarker);
+    // Flag restrictions may be attached again and again.
+    EXPECT_EQ(SpecialCodeList::checkAttach({flagSet, flagSet.withArgument("B")}, flagSet),
+              AttachConflict::None);
+    // Action codes are not checked.
+    EXPECT_EQ(SpecialCodeList::checkAttach({energy}, energy), AttachConflict::None);
+
+    EXPECT_EQ(attachConflictMessage(AttachConflict::DirectionMarker),
+              "You cannot have more than one direction marker.");
+    EXPECT_EQ(attachConflictMessage(AttachConflict::SameRestriction),
+              "You cannot have more than one of the same restriction.");
+
+    EXPECT_TRUE(SpecialCodeList::canAdd(upgrade, Direction::Response));
+    EXPECT_FALSE(SpecialCodeList::canAdd(energy, Direction::Response));
+    EXPECT_FALSE(SpecialCodeList::canAdd(SpecialEntry("^EN - Up"), Direction::Response));
+    EXPECT_TRUE(SpecialCodeList::canAdd(energy, Direction::Message));
+    EXPECT_FALSE(SpecialCodeList::canAdd(e[0], Direction::Message));
+}
+
+TEST(SpecialCodeList, ChoosingAHeadingMovesToAnEntry) {
+    const SpecialCodeList list = SpecialCodeList::parse(kSample);
+    EXPECT_EQ(list.settleChoice(0), 1);
+    EXPECT_EQ(list.settleChoice(3), 3);
+    EXPECT_EQ(list.settleChoice(6), 7);
+    EXPECT_EQ(list.settleChoice(9), 8);  // the last line: back to the nearest entry above
+    EXPECT_EQ(list.settleChoice(10), -1);
+    EXPECT_EQ(SpecialCodeList::parse("A\r\nB\r\n").settleChoice(0), -1);
+}
+
+class SpecialCodeFileTest : public ::testing::Test {
+  protected:
+    fs::path root;
+    void SetUp() override {
+        std::random_device random;
+        root = fs::temp_directory_path() / ("orr-special-" + std::to_string(random()));
+        fs::create_directories(root / "game");
+        fs::create_directories(root / "program");
+    }
+    void TearDown() override { fs::remove_all(root); }
+    void write(const fs::path& path, const std::string& bytes) {
+        std::ofstream(path, std::ios::binary) << bytes;
+    }
+};
+
+TEST_F(SpecialCodeFileTest, PrefersTheGameFolderWhateverItsLetterCase) {
+    write(root / "game" / "special.lst", "*SF - Game [A]\r\n");
+    write(root / "program" / "SPECIAL.LST", "*SF - Program [A]\r\n");
+    const SpecialCodeLoad load =
+        loadSpecialCodes(GameFolder(root / "game"), root / "program" / "SPECIAL.LST");
+    EXPECT_TRUE(load.problem.empty());
+    EXPECT_EQ(load.list.source(), root / "game" / "special.lst");
+    EXPECT_EQ(load.list.entries().at(0).line(), "*SF - Game [A]");
+}
+
+TEST_F(SpecialCodeFileTest, FallsBackToTheProgramCopyThenToNothing) {
+    write(root / "program" / "SPECIAL.LST", "*SF - Program [A]\r\n");
+    SpecialCodeLoad load =
+        loadSpecialCodes(GameFolder(root / "game"), root / "program" / "SPECIAL.LST");
+    EXPECT_TRUE(load.list.codesAvailable());
+    EXPECT_EQ(load.list.entries().at(0).line(), "*SF - Program [A]");
+
+    load = loadSpecialCodes(GameFolder(root / "game"), root / "program" / "missing.lst");
+    EXPECT_FALSE(load.list.codesAvailable());
+    EXPECT_TRUE(load.list.empty());
+    EXPECT_NE(load.problem.find("SPECIAL.LST"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace orr
