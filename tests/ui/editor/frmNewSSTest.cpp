@@ -1,0 +1,206 @@
+// "Add System": which of the game's systems are offered, the custom-name state of the dialog,
+// and which answers it gives back.
+
+#include <QtTest>
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include "editor/frmNewSS.h"
+#include "platform/QtText.h"
+#include "platform/ScriptedPrompts.h"
+#include "store/SystemName.h"
+#include "support/TempGameFolder.h"
+
+using namespace orr;
+using namespace orr::ui;
+using orr::test::TempGameFolder;
+
+namespace {
+
+// Vega (no planets), Sol (two), a system the game keeps to itself, and Altair (one planet).
+void writeFourSystems(const TempGameFolder& game) {
+    game.writeSystemList({"\"Vega\",1,0", "\"Sol\",0,2", "400,2,0,0,1,0", "430,3,1,0,13,0",
+                          "\"Secret #1\",2,0", "\"Altair\",7,1", "500,1,0,0,4,0"});
+}
+
+QStringList entries(const QComboBox* box) {
+    QStringList texts;
+    for (int i = 0; i < box->count(); ++i) texts << box->itemText(i);
+    return texts;
+}
+
+QColor textColour(const QLabel* label) {
+    return label->palette().color(QPalette::WindowText);
+}
+
+}  // namespace
+
+class frmNewSSTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void initTestCase() { QStandardPaths::setTestModeEnabled(true); }
+
+    void offersTheGameSystemsWithoutDescriptorInFileOrder() {
+        TempGameFolder game;
+        writeFourSystems(game);
+        frmNewSS dialog(game.folder());
+        dialog.show();
+        auto* cboSystems = dialog.findChild<QComboBox*>("cboSystems");
+        QVERIFY(cboSystems);
+        QCOMPARE(entries(cboSystems), QStringList({"0Vega", "2Sol", "1Altair"}));
+        QCOMPARE(cboSystems->currentIndex(), 0);
+        QVERIFY(cboSystems->isEnabled());
+        auto* chkCustom = dialog.findChild<QCheckBox*>("chkCustom");
+        QVERIFY(chkCustom->isEnabled());
+        QVERIFY(!chkCustom->isChecked());
+        QVERIFY(!dialog.findChild<QLineEdit*>("txtName")->isEnabled());
+        QCOMPARE(dialog.windowTitle(), QStringLiteral("Add System"));
+        QCOMPARE(dialog.findChild<QLabel*>("lblSystems")->text(),
+                 QStringLiteral("Select a system to replace:"));
+        QCOMPARE(dialog.findChild<QLabel*>("lblName")->text(), QStringLiteral("System Name:"));
+        QCOMPARE(dialog.findChild<QPushButton*>("cmdCancel")->text(), QStringLiteral("&Cancel"));
+    }
+
+    void aReplacedSystemIsNoLongerOffered() {
+        TempGameFolder game;
+        writeFourSystems(game);
+        game.writeDescriptor(TempGameFolder::systemRecord("2Sol", 2));
+        frmNewSS dialog(game.folder());
+        dialog.show();
+        QCOMPARE(entries(dialog.cboSystems), QStringList({"0Vega", "1Altair"}));
+
+        // The list is read again each time the dialog is shown.
+        dialog.hide();
+        game.writeDescriptor(TempGameFolder::systemRecord("0Vega", 0));
+        dialog.show();
+        QCOMPARE(entries(dialog.cboSystems), QStringList({"1Altair"}));
+    }
+
+    void withoutSystemListOnlyCustomSystemsCanBeAdded() {
+        TempGameFolder game;
+        frmNewSS dialog(game.folder());
+        dialog.show();
+        QCOMPARE(dialog.cboSystems->count(), 0);
+        QVERIFY(dialog.chkCustom->isChecked());
+        QVERIFY(!dialog.chkCustom->isEnabled());
+        QVERIFY(!dialog.cboSystems->isEnabled());
+        QVERIFY(dialog.txtName->isEnabled());
+        QVERIFY(textColour(dialog.lblName) != textColour(dialog.lblSystems));
+        QCOMPARE(textColour(dialog.lblName), dialog.palette().color(QPalette::ButtonText));
+    }
+
+    void customSwitchesInputAndLabelColours() {
+        TempGameFolder game;
+        writeFourSystems(game);
+        frmNewSS dialog(game.folder());
+        dialog.show();
+        const QColor normal = dialog.palette().color(QPalette::Active, QPalette::ButtonText);
+        const QColor grey = dialog.palette().color(QPalette::Disabled, QPalette::WindowText);
+        QVERIFY(normal != grey);
+        QCOMPARE(textColour(dialog.lblSystems), normal);
+        QCOMPARE(textColour(dialog.lblName), grey);
+
+        dialog.chkCustom->click();
+        QVERIFY(dialog.chkCustom->isChecked());
+        QVERIFY(!dialog.cboSystems->isEnabled());
+        QVERIFY(dialog.txtName->isEnabled());
+        QCOMPARE(textColour(dialog.lblSystems), grey);
+        QCOMPARE(textColour(dialog.lblName), normal);
+
+        dialog.chkCustom->click();
+        QVERIFY(dialog.cboSystems->isEnabled());
+        QVERIFY(!dialog.txtName->isEnabled());
+        QCOMPARE(textColour(dialog.lblSystems), normal);
+    }
+
+    void okGivesTheChosenEntryAndCancelNothing() {
+        TempGameFolder game;
+        writeFourSystems(game);
+        frmNewSS dialog(game.folder());
+        dialog.show();
+        dialog.cboSystems->setCurrentIndex(1);
+        dialog.cmdOK->click();
+        QCOMPARE(dialog.result(), int(QDialog::Accepted));
+        QVERIFY(!dialog.isVisible());
+        QCOMPARE(dialog.tag(), QStringLiteral("2Sol"));
+        QCOMPARE(dialog.tagBytes(), std::string("2Sol"));
+
+        dialog.show();
+        QVERIFY(dialog.tag().isEmpty());
+        dialog.chkCustom->click();
+        dialog.txtName->setText(QStringLiteral("Nova"));
+        dialog.cmdCancel->click();
+        QCOMPARE(dialog.result(), int(QDialog::Rejected));
+        QVERIFY(dialog.tag().isEmpty());
+
+        dialog.show();
+        dialog.close();  // the close box is Cancel
+        QVERIFY(dialog.tag().isEmpty());
+    }
+
+    void aTypedNameIsTheAnswerWhenCustom() {
+        TempGameFolder game;
+        writeFourSystems(game);
+        ScriptedPrompts prompts;
+        frmNewSS dialog(game.folder());
+        dialog.show();
+        dialog.chkCustom->click();
+        dialog.txtName->setText(QString::fromUtf8("Caf\u00e9 Nova"));
+        dialog.cmdOK->click();
+        QCOMPARE(dialog.tag(), QString::fromUtf8("Caf\u00e9 Nova"));
+        QCOMPARE(dialog.tagBytes(), std::string("Caf\xe9 Nova"));
+        QCOMPARE(prompts.unexpectedCount(), 0);
+    }
+
+    void unusableNamesAreRefusedAndTheDialogStaysOpen_data() {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("message");
+        QTest::newRow("empty") << ""
+                               << "Please enter a name for the new system.";
+        // An empty message: the reason the name check gives.
+        QTest::newRow("slash") << "a/b"
+                               << "";
+        QTest::newRow("device") << "con"
+                                << "";
+        QTest::newRow("trailing blank") << "Nova "
+                                        << "";
+        QTest::newRow("existing, other case")
+            << "KESTREL"
+            << "A system named 'KESTREL' already exists. Please choose another name.";
+    }
+    void unusableNamesAreRefusedAndTheDialogStaysOpen() {
+        QFETCH(QString, name);
+        QFETCH(QString, message);
+        if (message.isEmpty()) {
+            const auto reason = CheckSystemName(toBytes(name));
+            QVERIFY(reason.has_value());
+            message = toQString(*reason);
+        }
+        TempGameFolder game;
+        game.writeDescriptor(TempGameFolder::systemRecord("Kestrel", 1));
+        ScriptedPrompts prompts;
+        prompts.answerMessage(PromptAnswer::Ok);
+        frmNewSS dialog(game.folder());
+        dialog.show();
+        dialog.txtName->setText(name);
+        dialog.cmdOK->click();
+        QCOMPARE(prompts.messageTexts(), QStringList({message}));
+        QCOMPARE(prompts.asked().front().caption, QStringLiteral("Orrerion"));
+        QVERIFY(dialog.isVisible());
+        QVERIFY(dialog.tag().isEmpty());
+        QCOMPARE(prompts.unexpectedCount(), 0);
+
+        dialog.txtName->setText(QStringLiteral("Nova"));
+        dialog.cmdOK->click();
+        QVERIFY(!dialog.isVisible());
+        QCOMPARE(dialog.tag(), QStringLiteral("Nova"));
+    }
+};
+
+QTEST_MAIN(frmNewSSTest)
+#include "frmNewSSTest.moc"
