@@ -118,7 +118,11 @@ frmPlanet::frmPlanet(SystemStore& store, PictureStrip* pictures, QWidget* parent
 
     connect(cmdMsg, &QPushButton::clicked, this, &frmPlanet::cmdMsg_Click);
     connect(cmdPic, &QPushButton::clicked, this, &frmPlanet::cmdPic_Click);
-    connect(cmdOK, &QPushButton::clicked, this, &QDialog::accept);
+    // The tag tells a caller that shows the dialog its own way which button closed it.
+    connect(cmdOK, &QPushButton::clicked, this, [this] {
+        tag_ = QStringLiteral("OK");
+        accept();
+    });
     connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
 }
 
@@ -220,9 +224,15 @@ void frmPlanet::loadPlanet(int planet) {
 
 bool frmPlanet::ShowPlanetProperties(int planet) {
     loadPlanet(planet);
-    const bool ok = exec() == QDialog::Accepted;
+    exec();
+    const bool ok = tag_ == QStringLiteral("OK");
     finish(ok);
     return ok;
+}
+
+void frmPlanet::reject() {
+    tag_.clear();
+    QDialog::reject();
 }
 
 bool frmPlanet::finish(bool ok) {

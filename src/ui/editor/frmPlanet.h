@@ -46,7 +46,8 @@ class frmPlanet : public QDialog {
     bool ShowPlanetProperties(int planet);
 
     // The parts of ShowPlanetProperties, for a caller that shows the dialog its own way:
-    // loadPlanet fills the controls, finish writes back (ok = OK was pressed) and saves.
+    // loadPlanet fills the controls, finish writes back (ok = OK was pressed, that is
+    // tag() == "OK") and saves; finish returns whether the writes succeeded.
     void loadPlanet(int planet);
     bool finish(bool ok);
 
@@ -85,6 +86,9 @@ class frmPlanet : public QDialog {
     QPushButton* cmdMsg;
     QPushButton* cmdOK;
     QPushButton* cmdCancel;
+
+  public slots:
+    void reject() override;  // Cancel, the close box and Escape
 
   private:
     enum Group { Inhabited, Attitude, Advanced, Energy };

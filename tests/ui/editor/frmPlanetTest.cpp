@@ -177,6 +177,23 @@ class frmPlanetTest : public QObject {
         QCOMPARE(prompts.unexpectedCount(), 0);
     }
 
+    void tagTellsWhichButtonClosedTheDialog() {
+        Nova nova;
+        frmPlanet dialog(nova.store, nullptr);
+        dialog.loadPlanet(1);
+        dialog.show();
+        dialog.cmdOK->click();
+        QVERIFY(!dialog.isVisible());
+        QCOMPARE(dialog.tag(), QStringLiteral("OK"));
+        dialog.loadPlanet(1);
+        QVERIFY(dialog.tag().isEmpty());
+        dialog.show();
+        dialog.cmdOK->click();
+        dialog.show();
+        dialog.close();  // the close box is Cancel
+        QVERIFY(dialog.tag().isEmpty());
+    }
+
     void spinnersStayWithinTheirRanges() {
         Nova nova;
         frmPlanet dialog(nova.store, nullptr);
