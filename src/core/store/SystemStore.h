@@ -8,6 +8,7 @@
 
 #include <filesystem>
 #include <functional>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -86,6 +87,26 @@ public:
     bool RenameSystem(const std::string& newName);
 
     const std::string& lastError() const { return lastError_; }
+    // Sets lastError() and returns false; for the edits built on the store.
+    bool fail(const std::string& message);
+
+    // Groups the writes of one edit into a single write of the descriptor. commit(ok) reports
+    // whether the edit succeeded and reached the disk; otherwise the record is put back as it
+    // was when the transaction began and lastError() says why. The destructor commits if needed.
+    class Transaction {
+    public:
+        explicit Transaction(SystemStore& store);
+        ~Transaction();
+        Transaction(const Transaction&) = delete;
+        Transaction& operator=(const Transaction&) = delete;
+        bool commit(bool ok = true);
+
+    private:
+        SystemStore& store_;
+        SystemRecord before_;
+        ProfileStore::WriteBatch batch_;
+        bool done_ = false;
+    };
 
 private:
     GameFolder folder_;
@@ -95,8 +116,14 @@ private:
     std::string extension_ = ".orb";
     std::vector<std::string> descriptorList_{""};
     std::string lastError_;
+    // Where descriptorPath found each file name; looked up again when the file has gone.
+    mutable std::map<std::string, fs::path> resolvedPaths_;
 
-    bool fail(const std::string& message);
+    bool failWriting(const fs::path& file, const std::string& reason);
+    bool requireOpenSystem();
+    std::string currentExtension() const;
+    bool rewriteOpenDescriptor(const std::function<bool(ProfileDocument&)>& change);
+    std::string damagedBlockWarning(const std::string& reason) const;
 };
 
 // The text of a new descriptor for the record: [General], the two flag keys, an empty line and

@@ -1,5 +1,8 @@
 #include "GameFolderFixture.h"
 
+#include <fcntl.h>
+#include <linux/fs.h>
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <cstdlib>
@@ -48,17 +51,46 @@ void writeBytes(const fs::path& file, std::string_view bytes) {
     out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
 }
 
-bool runningAsRoot() {
-    return geteuid() == 0;
+namespace {
+
+bool setImmutable(const fs::path& folder, bool on) {
+    const int fd = open(folder.c_str(), O_RDONLY | O_DIRECTORY);
+    if (fd < 0) return false;
+    int flags = 0;
+    bool ok = ioctl(fd, FS_IOC_GETFLAGS, &flags) == 0;
+    if (ok) {
+        flags = on ? (flags | FS_IMMUTABLE_FL) : (flags & ~FS_IMMUTABLE_FL);
+        ok = ioctl(fd, FS_IOC_SETFLAGS, &flags) == 0;
+    }
+    close(fd);
+    return ok;
 }
+
+bool canCreateFileIn(const fs::path& folder) {
+    const fs::path probe = folder / ".write-probe";
+    const int fd = open(probe.c_str(), O_WRONLY | O_CREAT | O_EXCL, 0600);
+    if (fd < 0) return false;
+    close(fd);
+    unlink(probe.c_str());
+    return true;
+}
+
+}  // namespace
 
 ReadOnlyFolder::ReadOnlyFolder(fs::path folder) : folder_(std::move(folder)) {
     fs::permissions(folder_, fs::perms::owner_read | fs::perms::owner_exec);
+    if (geteuid() == 0) setImmutable(folder_, true);
+    enforced_ = !canCreateFileIn(folder_);
 }
 
 ReadOnlyFolder::~ReadOnlyFolder() {
+    release(folder_);
+}
+
+void ReadOnlyFolder::release(const fs::path& folder) {
+    if (geteuid() == 0) setImmutable(folder, false);
     std::error_code ec;
-    fs::permissions(folder_, fs::perms::owner_all, ec);
+    fs::permissions(folder, fs::perms::owner_all, ec);
 }
 
 TempGameFolder::TempGameFolder() {
@@ -77,7 +109,7 @@ TempGameFolder::~TempGameFolder() {
     // A test may have left a folder read-only.
     for (auto it = fs::recursive_directory_iterator(root_, ec);
          !ec && it != fs::recursive_directory_iterator(); it.increment(ec)) {
-        if (it->is_directory()) fs::permissions(it->path(), fs::perms::owner_all, ec);
+        if (it->is_directory()) ReadOnlyFolder::release(it->path());
     }
     fs::remove_all(root_, ec);
 }

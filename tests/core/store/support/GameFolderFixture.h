@@ -26,10 +26,9 @@ std::string crlf(std::initializer_list<std::string_view> lines);
 std::string readBytes(const fs::path& file);
 void writeBytes(const fs::path& file, std::string_view bytes);
 
-// Permissions are not enforced for root, so read-only checks are skipped there.
-bool runningAsRoot();
-
-// Makes a folder read-only for its lifetime.
+// Makes a folder read-only for its lifetime: no file can be created, renamed or deleted in it.
+// Permissions do not bind root, so for root the folder is also made immutable where the file
+// system allows it. enforced() tells whether it worked; tests skip their checks otherwise.
 class ReadOnlyFolder {
   public:
     explicit ReadOnlyFolder(fs::path folder);
@@ -37,8 +36,13 @@ class ReadOnlyFolder {
     ReadOnlyFolder(const ReadOnlyFolder&) = delete;
     ReadOnlyFolder& operator=(const ReadOnlyFolder&) = delete;
 
+    bool enforced() const { return enforced_; }
+    // Undoes the immutable flag of a folder a test left behind.
+    static void release(const fs::path& folder);
+
   private:
     fs::path folder_;
+    bool enforced_ = false;
 };
 
 class TempGameFolder {

@@ -1,0 +1,249 @@
+// The system block of the open descriptor, and the planet routines that change the planet count
+// or the planet order in the record and in the file together.
+#include <algorithm>
+#include <system_error>
+
+#include "store/RecordFields.h"
+#include "store/SystemOperations.h"
+#include "store/SystemStore.h"
+#include "text/Text.h"
+
+namespace orr {
+
+namespace {
+
+constexpr const char* kMarker = "SolarSystem";
+constexpr const char* kCrLf = "\r\n";
+
+std::size_t findMarker(const std::vector<ProfileDocument::Line>& lines) {
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        if (lines[i].text.find(kMarker) != std::string::npos) return i;
+    }
+    return lines.size();
+}
+
+bool isCommentLine(const ProfileDocument::Line& line) {
+    return !line.text.empty() && line.text[0] == ';';
+}
+
+std::vector<std::string> blockLines(const SystemRecord& record) {
+    std::vector<std::string> lines{std::string(";") + kMarker,
+                                   ";" + RecordFields::headerFields(record)};
+    for (int n = 1; n <= RecordFields::writtenPlanetCount(record); ++n) {
+        lines.push_back(";" + RecordFields::planetFields(record.planet(n)));
+    }
+    return lines;
+}
+
+// The section a raw line opens: the text between "[" and "]", blanks trimmed; nullopt for a line
+// that opens none.
+std::optional<std::string> sectionOf(const std::string& line) {
+    if (line.empty() || line[0] != '[') return std::nullopt;
+    const std::size_t close = line.find(']');
+    return text::trim(std::string_view(line).substr(
+        1, close == std::string::npos ? std::string::npos : close - 1));
+}
+
+// "[3]..." with its number replaced, keeping whatever follows the number.
+std::string renumberedHeader(const std::string& line, int number) {
+    std::size_t i = 1;
+    while (i < line.size() && line[i] == ' ') ++i;
+    if (i < line.size() && (line[i] == '+' || line[i] == '-')) ++i;
+    while (i < line.size() && line[i] >= '0' && line[i] <= '9') ++i;
+    return "[" + std::to_string(number) + line.substr(i);
+}
+
+// The lines of the planet swap: flag characters, [Names] keys and section numbers exchanged.
+bool swapPlanetLines(ProfileDocument& doc, int a, int b) {
+    bool changed = false;
+    std::string section;
+    for (ProfileDocument::Line& line : doc.mutableLines()) {
+        std::string& t = line.text;
+        if (!t.empty() && t[0] == '[') {
+            section = sectionOf(t).value_or("");
+            const long long number = text::leadingValue(std::string_view(t).substr(1));
+            if (number == a || number == b) {
+                t = renumberedHeader(t, number == a ? b : a);
+                changed = true;
+            }
+            continue;
+        }
+        const std::size_t eq = t.find('=');
+        if (eq == std::string::npos) continue;
+        const std::string key = t.substr(0, eq);
+        if (text::equalsIgnoreCase(section, "General")) {
+            const std::string name = text::trim(key);
+            if (!text::equalsIgnoreCase(name, kPlanetPics) &&
+                !text::equalsIgnoreCase(name, kMessagesFlag)) {
+                continue;
+            }
+            std::string flags = text::trim(std::string_view(t).substr(eq + 1));
+            // A missing character reads as yes; padding with "Y" keeps that meaning.
+            if (flags.size() < static_cast<std::size_t>(std::max(a, b))) {
+                flags.resize(static_cast<std::size_t>(std::max(a, b)), 'Y');
+            }
+            std::swap(flags[static_cast<std::size_t>(a) - 1],
+                      flags[static_cast<std::size_t>(b) - 1]);
+            const std::string rewritten = name + "=" + flags;
+            if (rewritten != t) {
+                t = rewritten;
+                changed = true;
+            }
+        } else if (text::equalsIgnoreCase(section, "Names")) {
+            const long long number = text::leadingValue(key);
+            if (number == a || number == b) {
+                t = std::to_string(number == a ? b : a) + t.substr(eq);
+                changed = true;
+            }
+        }
+    }
+    if (changed) doc.linesChanged();
+    return changed;
+}
+
+}  // namespace
+
+std::string systemBlockText(const SystemRecord& record) {
+    std::string text;
+    for (const std::string& line : blockLines(record)) text += line + kCrLf;
+    return text;
+}
+
+std::string newDescriptorText(const SystemRecord& record) {
+    const std::string flags(static_cast<std::size_t>(RecordFields::writtenPlanetCount(record)),
+                            'N');
+    return std::string("[General]") + kCrLf + kPlanetPics + " = " + flags + kCrLf + kMessagesFlag +
+           " = " + flags + kCrLf + kCrLf + systemBlockText(record);
+}
+
+std::string SystemStore::damagedBlockWarning(const std::string& reason) const {
+    return "The system block in the descriptor of " + record_.Name + " is damaged (" + reason +
+           "). The system keeps the values it had before; saving writes a new block.";
+}
+
+LoadResult SystemStore::ReadSystemBlock() {
+    LoadResult result;
+    const fs::path path = openDescriptorPath();
+    std::error_code ec;
+    if (!fs::is_regular_file(path, ec)) return result;
+    const ProfileDocument* doc = profiles_.document(path);
+    if (doc == nullptr) {
+        result.warning = "The descriptor of " + record_.Name + " could not be read (" +
+                         profiles_.lastError() + ").";
+        return result;
+    }
+    const std::vector<ProfileDocument::Line>& lines = doc->lines();
+    const std::size_t marker = findMarker(lines);
+    if (marker == lines.size()) return result;  // no block: the record keeps its values
+
+    std::string reason;
+    if (marker + 1 >= lines.size() || !isCommentLine(lines[marker + 1])) {
+        result.warning = damagedBlockWarning("the header line is missing");
+        return result;
+    }
+    const auto header =
+        RecordFields::parseHeader(std::string_view(lines[marker + 1].text).substr(1), &reason);
+    if (!header) {
+        result.warning = damagedBlockWarning(reason);
+        return result;
+    }
+    SystemRecord read = record_;
+    read.DisplayName = header->displayName;
+    read.StarType = header->starType;
+    read.PlanetCount = header->planetCount;
+    for (int n = 1; n <= header->planetCount; ++n) {
+        const std::size_t at = marker + 1 + static_cast<std::size_t>(n);
+        if (at >= lines.size() || !isCommentLine(lines[at])) {
+            result.warning = damagedBlockWarning("only " + std::to_string(n - 1) + " of " +
+                                                 std::to_string(header->planetCount) +
+                                                 " planet lines are there");
+            return result;
+        }
+        if (!RecordFields::parsePlanet(std::string_view(lines[at].text).substr(1), read.planet(n),
+                                       &reason)) {
+            result.warning = damagedBlockWarning("planet " + std::to_string(n) + ": " + reason);
+            return result;
+        }
+    }
+    record_ = read;
+    result.blockFound = true;
+    return result;
+}
+
+bool SystemStore::SaveSystemBlock() {
+    const std::vector<std::string> block = blockLines(record_);
+    return rewriteOpenDescriptor([&](ProfileDocument& doc) {
+        std::vector<ProfileDocument::Line>& lines = doc.mutableLines();
+        const std::size_t marker = findMarker(lines);
+        if (marker == lines.size()) return false;  // no block to replace: the file stays
+
+        // The old block is the marker, its header and at most as many planet lines as the
+        // header claims; a line that is no comment ends it early, so nothing else is lost.
+        std::size_t end = marker + 1;
+        if (end < lines.size() && isCommentLine(lines[end])) {
+            const long long claimed =
+                RecordFields::claimedPlanetCount(std::string_view(lines[end].text).substr(1))
+                    .value_or(0);
+            ++end;
+            for (long long k = 0; k < claimed && end < lines.size() && isCommentLine(lines[end]);
+                 ++k) {
+                ++end;
+            }
+        }
+        std::vector<ProfileDocument::Line> replacement;
+        for (const std::string& text : block) replacement.push_back({text, kCrLf});
+        lines.erase(lines.begin() + static_cast<std::ptrdiff_t>(marker),
+                    lines.begin() + static_cast<std::ptrdiff_t>(end));
+        lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(marker), replacement.begin(),
+                     replacement.end());
+        doc.linesChanged();
+        return true;
+    });
+}
+
+bool SystemStore::AddPlanet() {
+    if (record_.PlanetCount >= kMaxPlanets) return fail(kMaxPlanetsMessage);
+    if (!requireOpenSystem()) return false;
+    Transaction transaction(*this);
+    const int count = ++record_.PlanetCount;
+    PlanetRecord& planet = record_.planet(count);
+    planet.Size = 2;
+    planet.PlanetClass = 1;
+    planet.Position =
+        count == 1
+            ? std::int16_t{400}
+            : static_cast<std::int16_t>(std::min(record_.planet(count - 1).Position + 30, 32767));
+    return transaction.commit(SetGeneralFlag(kPlanetPics, count, count, false) &&
+                              SetGeneralFlag(kMessagesFlag, count, count, false));
+}
+
+bool SystemStore::RemoveLastPlanet() {
+    if (record_.PlanetCount <= 0) return fail("The system has no planet to remove.");
+    Transaction transaction(*this);
+    const int count = record_.PlanetCount;
+    bool ok = RemovePlanetSection(count) && SetName(count, "");
+    record_.PlanetCount = static_cast<std::int16_t>(count - 1);
+    ok = ok && SetGeneralFlag(kPlanetPics, 0, count - 1, false) &&
+         SetGeneralFlag(kMessagesFlag, 0, count - 1, false);
+    return transaction.commit(ok);
+}
+
+bool SystemStore::SwapPlanets(int a, int b) {
+    const int count = record_.PlanetCount;
+    if (a < 1 || b < 1 || a > count || b > count) {
+        return fail("There is no planet " + std::to_string(a < 1 || a > count ? a : b) + ".");
+    }
+    if (a == b) return true;
+    if (!rewriteOpenDescriptor(
+            [a, b](ProfileDocument& doc) { return swapPlanetLines(doc, a, b); })) {
+        return false;
+    }
+    // The planets change places; the orbits stay where they are.
+    PlanetRecord& pa = record_.planet(a);
+    PlanetRecord& pb = record_.planet(b);
+    std::swap(pa, pb);
+    std::swap(pa.Position, pb.Position);
+    return true;
+}
+
+}  // namespace orr

@@ -1,0 +1,214 @@
+// The descriptor's system block: its exact text, loading with the fallbacks for missing or
+// damaged blocks, and the block save that must never eat lines outside the block.
+#include <gtest/gtest.h>
+
+#include "store/SystemStore.h"
+#include "support/GameFolderFixture.h"
+
+namespace orr {
+namespace {
+
+using test::crlf;
+using test::readBytes;
+using test::StoreTest;
+
+class DescriptorBlockTest : public StoreTest {
+  protected:
+    // A descriptor of a 2-planet system "Nova" with names and a planet section after the block.
+    static std::string novaText() {
+        return crlf({"[General]", "PlanetPics=NN", "Messages=YN", "", ";SolarSystem",
+                     ";\"Nova                \",5,2", ";400,2,0,46087,13,0", ";430,3,4,0,7,99",
+                     "[Names]", "S=Bright", "1=Ember", "[1]", "Hail=Hello"});
+    }
+};
+
+TEST_F(DescriptorBlockTest, NewDescriptorHasTheExactLines) {
+    SystemRecord record;
+    record.setDisplayName("Sol");
+    record.PlanetCount = 3;
+    for (int n = 1; n <= 3; ++n)
+        record.planet(n) = {static_cast<std::int16_t>(370 + 30 * n), 2, 0, 0, 1, 0, 0};
+    record.planet(2).Attributes = 46087;
+    record.planet(3).LastVisit = -5;
+    EXPECT_EQ(newDescriptorText(record),
+              crlf({"[General]", "PlanetPics = NNN", "Messages = NNN", "", ";SolarSystem",
+                    ";\"Sol                 \",0,3", ";400,2,0,0,1,0", ";430,2,0,46087,1,0",
+                    ";460,2,0,0,1,-5"}));
+
+    record.PlanetCount = 0;
+    EXPECT_EQ(systemBlockText(record), crlf({";SolarSystem", ";\"Sol                 \",0,0"}));
+    // Quotes and line breaks in the name would break the line for the game.
+    record.DisplayName = "A\"B\r\nC";
+    EXPECT_EQ(systemBlockText(record), crlf({";SolarSystem", ";\"A'B  C              \",0,0"}));
+}
+
+TEST_F(DescriptorBlockTest, LoadsTheBlock) {
+    writeDescriptor("Nova", novaText());
+    const LoadResult result = store.LoadSystem("Nova");
+    EXPECT_TRUE(result.blockFound);
+    EXPECT_EQ(result.warning, "");
+    const SystemRecord& r = store.record();
+    EXPECT_EQ(r.Name, "Nova");
+    EXPECT_EQ(r.DisplayName, "Nova" + std::string(16, ' '));
+    EXPECT_EQ(r.StarType, 5);
+    EXPECT_EQ(r.PlanetCount, 2);
+    EXPECT_EQ(r.planet(1), (PlanetRecord{400, 2, 0, 46087, 13, 0, 0}));
+    EXPECT_EQ(r.planet(2), (PlanetRecord{430, 3, 4, 0, 7, 99, 0}));
+}
+
+TEST_F(DescriptorBlockTest, ListedSystemWithoutBlockTakesTheListValues) {
+    writeDescriptor("9Sol", crlf({"[General]", "PlanetPics=", "[Names]", "S=Home"}));
+    const LoadResult result = store.LoadSystem("9Sol");
+    EXPECT_FALSE(result.blockFound);
+    EXPECT_EQ(result.warning, "");
+    EXPECT_EQ(store.record().PlanetCount, 9);
+    EXPECT_EQ(store.record().planet(3).Attributes, 46087);
+
+    // A custom system without block keeps the values the record had.
+    writeDescriptor("Plain", crlf({"[General]"}));
+    const SystemRecord before = store.record();
+    EXPECT_FALSE(store.LoadSystem("Plain").blockFound);
+    EXPECT_EQ(store.record().Name, "Plain");
+    EXPECT_EQ(store.record().PlanetCount, before.PlanetCount);
+    EXPECT_EQ(store.record().Planets, before.Planets);
+
+    // Saving keeps no block: the file stays as it was.
+    const std::string bytes = readDescriptor("Plain.orb");
+    EXPECT_TRUE(store.SaveSystemBlock());
+    EXPECT_EQ(readDescriptor("Plain.orb"), bytes);
+}
+
+TEST_F(DescriptorBlockTest, DamagedBlockKeepsThePreviousValuesAndWarns) {
+    const std::string head = crlf({"[General]", ";SolarSystem"});
+    const std::string hundredKb(100 * 1024, '9');
+    const std::pair<std::string, std::string> cases[] = {
+        {"", "header line is missing"},
+        {crlf({"[Names]"}), "header line is missing"},
+        {crlf({";\"Bad\",x,0"}), "star type \"x\""},
+        {crlf({";\"Bad\",0,11"}), "planet count \"11\""},
+        {crlf({";\"Bad\",0,2", ";400,2,0,0,1,0"}), "only 1 of 2 planet lines"},
+        {crlf({";\"Bad\",0,2", ";400,2,0,0,1,0", "[1]"}), "only 1 of 2 planet lines"},
+        {crlf({";\"Bad\",0,1", ";400,two,0,0,1,0"}), "planet 1: the planet size \"two\""},
+        {crlf({";\"Bad\",0,1", ";" + hundredKb + ",2,0,0,1,0"}), "planet 1: the orbit position"},
+        {crlf({";\"Bad\",0,1", ";400,2,0,0,1"}), "planet 1: a planet line has 5 fields"},
+        {crlf({";\"Bad\",0,1", ";400,2,0,0,1,2147483648"}), "planet 1: the last visit"},
+    };
+    for (const auto& [block, reason] : cases) {
+        writeDescriptor("9Sol", head + block);
+        store.record() = SystemRecord();
+        const LoadResult result = store.LoadSystem("9Sol");
+        EXPECT_FALSE(result.blockFound) << block;
+        EXPECT_NE(result.warning.find(reason), std::string::npos) << result.warning;
+        EXPECT_NE(result.warning.find("9Sol"), std::string::npos) << result.warning;
+        EXPECT_EQ(store.record().PlanetCount, 9) << block;  // the list's values stand
+        EXPECT_EQ(store.record().planet(1).Position, 300) << block;
+    }
+}
+
+TEST_F(DescriptorBlockTest, SaveReplacesOnlyTheBlock) {
+    writeDescriptor("Nova", novaText());
+    store.LoadSystem("Nova");
+    store.record().StarType = 7;
+    store.record().planet(2).Moons = 9;
+    ASSERT_TRUE(store.SaveSystemBlock()) << store.lastError();
+    EXPECT_EQ(readDescriptor("Nova.orb"),
+              crlf({"[General]", "PlanetPics=NN", "Messages=YN", "", ";SolarSystem",
+                    ";\"Nova                \",7,2", ";400,2,0,46087,13,0", ";430,3,9,0,7,99",
+                    "[Names]", "S=Bright", "1=Ember", "[1]", "Hail=Hello"}));
+}
+
+TEST_F(DescriptorBlockTest, SaveNeverEatsLinesOutsideTheOldBlock) {
+    // The header claims three planets but only one line follows; then a comment of the user's
+    // own and a section. The old count claimed is also larger than the new one.
+    writeDescriptor("Nova", crlf({"[General]", ";SolarSystem", ";\"Nova\",0,3", ";400,2,0,0,1,0",
+                                  "keep=me", ";my note", "[1]", "Hail=Hi"}));
+    store.LoadSystem("Nova");  // damaged: the record keeps its values
+    store.record().Name = "Nova";
+    store.record().setDisplayName("Nova");
+    store.record().PlanetCount = 2;
+    store.record().planet(1) = {400, 2, 0, 0, 1, 0, 0};
+    store.record().planet(2) = {500, 2, 0, 0, 1, 0, 0};
+    ASSERT_TRUE(store.SaveSystemBlock());
+    EXPECT_EQ(readDescriptor("Nova.orb"),
+              crlf({"[General]", ";SolarSystem", ";\"Nova                \",0,2", ";400,2,0,0,1,0",
+                    ";500,2,0,0,1,0", "keep=me", ";my note", "[1]", "Hail=Hi"}));
+
+    // Comment lines after a complete block are not planet lines of it.
+    store.record().PlanetCount = 1;
+    ASSERT_TRUE(store.SaveSystemBlock());
+    EXPECT_EQ(readDescriptor("Nova.orb"),
+              crlf({"[General]", ";SolarSystem", ";\"Nova                \",0,1", ";400,2,0,0,1,0",
+                    "keep=me", ";my note", "[1]", "Hail=Hi"}));
+}
+
+TEST_F(DescriptorBlockTest, SaveKeepsOtherBytesExactly) {
+    // LF-only lines, a NUL byte, 8-bit characters and a 100 KB value elsewhere in the file.
+    const std::string longValue(100 * 1024, 'v');
+    const std::string before = std::string("[General]\nNote=caf\xe9\0x\n", 22) + ";SolarSystem\n" +
+                               ";\"Nova\",0,0\n[1]\nLong=" + longValue + "\nLast=no end";
+    writeDescriptor("Nova", before);
+    ASSERT_TRUE(store.LoadSystem("Nova").blockFound);
+    ASSERT_TRUE(store.SaveSystemBlock());
+    const std::string after = readDescriptor("Nova.orb");
+    EXPECT_EQ(after, std::string("[General]\nNote=caf\xe9\0x\n", 22) +
+                         crlf({";SolarSystem", ";\"Nova                \",0,0"}) +
+                         "[1]\nLong=" + longValue + "\nLast=no end");
+    EXPECT_EQ(store.ReadKey("1", "Long").size(), kMaxValueLength);
+}
+
+TEST_F(DescriptorBlockTest, RoundTripOfEveryField) {
+    openNewSystem("Orbits", 0);
+    SystemRecord& r = store.record();
+    r.StarType = 6;
+    r.setDisplayName("Orbits of Many Moons");
+    r.PlanetCount = 10;
+    for (int n = 1; n <= 10; ++n) {
+        r.planet(n) = {static_cast<std::int16_t>(200 + 150 * n),
+                       static_cast<std::int16_t>(n % 6),
+                       static_cast<std::int16_t>(25 - n),
+                       65535 - n,
+                       static_cast<std::int16_t>(n + 4),
+                       -2147483647 + n,
+                       0};
+    }
+    const SystemRecord back = saveAndReload();
+    EXPECT_EQ(back.DisplayName, r.DisplayName);
+    EXPECT_EQ(back.StarType, 6);
+    EXPECT_EQ(back.PlanetCount, 10);
+    for (int n = 1; n <= 10; ++n) EXPECT_EQ(back.planet(n), r.planet(n)) << n;
+}
+
+TEST_F(DescriptorBlockTest, DescriptorListAndLookupIgnoreCase) {
+    writeDescriptor("Nova", novaText());
+    test::writeBytes(game.descriptor("vega.ORB"), crlf({"[General]"}));
+    test::writeBytes(game.descriptor("Rigel.edt"), crlf({"[General]"}));
+    store.ListDescriptors();
+    ASSERT_EQ(store.DescriptorList().size(), 3u);
+    EXPECT_EQ(store.DescriptorList()[0], "");
+    EXPECT_EQ(store.FindDescriptor("Rigel"), 0);
+    EXPECT_GT(store.FindDescriptor("Nova"), 0);
+    EXPECT_EQ(store.FindDescriptor("VEGA"), store.FindDescriptor("vega"));
+    EXPECT_EQ(store.FindDescriptor(""), 1);
+    EXPECT_EQ(store.descriptorPath("Vega", ".orb"), game.descriptor("vega.ORB"));
+    EXPECT_EQ(store.descriptorPath("Sirius", ".orb"), game.descriptor("Sirius.orb"));
+
+    // The cached lookup notices a renamed file.
+    fs::rename(game.descriptor("vega.ORB"), game.descriptor("VEGA.orb"));
+    EXPECT_EQ(store.descriptorPath("Vega", ".orb"), game.descriptor("VEGA.orb"));
+    store.record().Name = "Vega";
+    EXPECT_EQ(store.openDescriptorPath(), game.descriptor("VEGA.orb"));
+}
+
+TEST_F(DescriptorBlockTest, UnwritableDescriptorReportsAndKeepsTheFile) {
+    writeDescriptor("Nova", novaText());
+    store.LoadSystem("Nova");
+    store.record().StarType = 1;
+    const test::ReadOnlyFolder readOnly(game.descriptors());
+    if (!readOnly.enforced()) GTEST_SKIP() << "the folder cannot be made read-only here";
+    EXPECT_FALSE(store.SaveSystemBlock());
+    EXPECT_NE(store.lastError(), "");
+    EXPECT_EQ(readDescriptor("Nova.orb"), novaText());
+}
+
+}  // namespace
+}  // namespace orr
