@@ -13,7 +13,9 @@ namespace orr {
 namespace {
 
 std::string quoted(const fs::path& path) {
-    return "\"" + path.string() + "\"";
+    std::string text;
+    text.append("\"").append(path.string()).append("\"");
+    return text;
 }
 
 bool fail(std::string* error, std::string message) {
@@ -34,7 +36,9 @@ fs::path temporaryNameFor(const fs::path& target) {
     char suffix[32];
     std::snprintf(suffix, sizeof suffix, ".%08x%04x.tmp",
                   static_cast<unsigned>(random() & 0xFFFFFFFFu), counter++ & 0xFFFFu);
-    return target.parent_path() / ("." + target.filename().string() + suffix);
+    std::string name = ".";
+    name.append(target.filename().string()).append(suffix);
+    return target.parent_path() / name;
 }
 
 // Writes through a symbolic link to the file it names, so the link itself stays.

@@ -59,6 +59,14 @@ bool rawKeyIs(std::string_view line, std::string_view key) {
     return eq != std::string_view::npos && line.substr(0, eq) == key;
 }
 
+// "[" + name + "]", built by appending (GCC 12 warns falsely about "[" + std::string).
+std::string bracketed(std::string_view name) {
+    std::string header;
+    header.reserve(name.size() + 2);
+    header.append("[").append(name).append("]");
+    return header;
+}
+
 bool hasLineBreak(std::string_view s) {
     return s.find_first_of("\r\n") != std::string_view::npos;
 }
@@ -160,7 +168,7 @@ void ProfileDocument::writeValue(std::string_view section, std::string_view key,
             Line& lastLine = last != pendingAfter_.end() ? last->second.back() : lines_.back();
             if (lastLine.eol.empty()) lastLine.eol = kCrLf;
         }
-        lines_.push_back(Line{"[" + std::string(section) + "]", std::string(kCrLf)});
+        lines_.push_back(Line{bracketed(section), std::string(kCrLf)});
         lines_.push_back(Line{std::move(text), std::string(kCrLf)});
         Index::Section added{lines_.size() - 2, lines_.size() - 1, {}};
         added.keys.emplace(name, Index::LineRef{lines_.size() - 1, 0});
@@ -189,7 +197,7 @@ void ProfileDocument::writeValue(std::string_view section, std::string_view key,
 }
 
 bool ProfileDocument::sectionExists(std::string_view section) const {
-    const std::string header = "[" + std::string(section) + "]";
+    const std::string header = bracketed(section);
     // Every line that begins with "[" heads an indexed section, so the headers are enough.
     for (const Index::Section& s : index().sections) {
         if (text::startsWith(lines_[s.header].text, header)) return true;
@@ -216,7 +224,7 @@ bool ProfileDocument::deleteKey(std::string_view section, std::string_view key) 
     }
 
     applyPendingLines();
-    const std::string header = "[" + std::string(section) + "]";
+    const std::string header = bracketed(section);
     std::vector<Line> kept;
     kept.reserve(lines_.size());
     bool removed = false;

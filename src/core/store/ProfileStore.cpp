@@ -12,7 +12,9 @@ namespace orr {
 namespace {
 
 std::string quoted(const fs::path& path) {
-    return "\"" + path.string() + "\"";
+    std::string text;
+    text.append("\"").append(path.string()).append("\"");
+    return text;
 }
 
 // The same file under different spellings ("a/../b.orb", a relative path) shares one entry.
