@@ -176,8 +176,7 @@ class MessageCommandsTest : public QObject {
         };
         const QList<Line> lines = {
             {"message", "INIT", "%W2$BOX$Greetings, %RK.*RHail"},
-            {"message", "Hail",
-             "%F3%W9%00$Captain's Log$Day one ^EN^PT*RTrade*DS3*D!S0*+ENM500"},
+            {"message", "Hail", "%F3%W9%00$Captain's Log$Day one ^EN^PT*RTrade*DS3*D!S0*+ENM500"},
             {"message", "Trade", "Caf\xE9 for sale*RDeal*+EN500"},
             {"message", "Beam", "You land in a crater.*RS3*R!S4*FALL*TREATY*-TI2*SP3"},
             {"message", "Hail", "Back home*R"},
