@@ -14,11 +14,13 @@ namespace orr {
 
 inline constexpr const char* kMaxPlanetsMessage = "This system has the maximum number of planets.";
 
-enum class AddPlanetResult { Added, Full, NoRoom };
+enum class AddPlanetResult { Added, Full, NoRoom, Failed };
 
 // The planet menu's Add: the orbit pass that makes room outside, then AddPlanet, a picture slot
 // and the block save. Full: ten planets already (the caller shows kMaxPlanetsMessage).
-// NoRoom: the orbit pass had to move planet 1 too, so nothing was added.
+// NoRoom: the orbit pass had to move planet 1 too, so nothing was added. Failed: the descriptor
+// could not be written, or no such planet (insert); the store's lastError() says why. Only Added
+// changes anything.
 bool canAddPlanet(const SystemStore& store);
 AddPlanetResult addPlanet(SystemStore& store, PictureSlots* pictures = nullptr);
 

@@ -1,0 +1,160 @@
+// The edits of SystemOperations.h that create and delete whole systems, and the game's start
+// argument.
+#include <set>
+#include <system_error>
+
+#include "store/FileIo.h"
+#include "store/SystemList.h"
+#include "store/SystemName.h"
+#include "store/SystemOperations.h"
+#include "text/Text.h"
+
+namespace orr {
+
+namespace {
+
+// The extension of a picture: non-empty, without further dots, and not "avi", which names the
+// animations ("Sol1.avi" is animation 1 of Sol, never the strip of a system "Sol1").
+bool isPictureExtension(std::string_view extension) {
+    return !extension.empty() && extension.find('.') == std::string_view::npos &&
+           !text::equalsIgnoreCase(extension, "avi");
+}
+
+bool isAnimationNumber(std::string_view digits) {
+    if (digits.empty() || digits.size() > 2 || digits[0] == '0') return false;
+    for (char c : digits) {
+        if (c < '0' || c > '9') return false;
+    }
+    const int n = std::stoi(std::string(digits));
+    return n >= 1 && n <= kMaxPlanets;
+}
+
+}  // namespace
+
+std::optional<std::string> canCreateSystem(const SystemStore& store, const std::string& answer) {
+    if (std::optional<std::string> reason = CheckSystemName(answer)) return reason;
+    std::error_code ec;
+    const fs::path existing = store.descriptorPath(answer, ".orb");
+    if (fs::exists(existing, ec)) {
+        return "A system named \"" + existing.stem().string() + "\" already exists.";
+    }
+    return std::nullopt;
+}
+
+bool createSystem(SystemStore& store, const std::string& answer) {
+    if (std::optional<std::string> reason = canCreateSystem(store, answer)) {
+        return store.fail(*reason);
+    }
+    // Slots the new system does not use keep what they held, as everywhere in the record.
+    SystemRecord record = store.record();
+    if (!FindListedSystem(store.folder(), answer, record)) {
+        record.Name = answer;
+        record.setDisplayName(answer);
+        record.StarType = 0;
+        record.PlanetCount = 0;
+        for (PlanetRecord& planet : record.Planets) {
+            planet.Position = 0;
+            planet.Size = 0;
+            planet.PlanetClass = 0;
+        }
+    }
+    std::error_code ec;
+    fs::create_directories(store.folder().descriptorFolder(), ec);
+    const fs::path path = store.descriptorPath(answer, ".orb");
+    std::string error;
+    const bool written = writeFileAtomically(path, newDescriptorText(record), &error);
+    store.profiles().forget(path);
+    if (!written) {
+        return store.fail("The new system could not be saved as \"" + path.filename().string() +
+                          "\"" + (error.empty() ? "." : ": " + error));
+    }
+    // An open working copy belongs to another system, which stays open; otherwise the new
+    // system becomes the record, ready to be opened.
+    if (!store.IsEditing()) store.record() = record;
+    return true;
+}
+
+std::vector<fs::path> systemPictureFiles(const GameFolder& folder, const std::string& name) {
+    std::vector<fs::path> files;
+    if (name.empty()) return files;
+    // name + "Sun.bmp" is also the strip of a system called name + "Sun": leave it to that one.
+    std::set<std::string> systems;
+    for (const std::string& file :
+         GameFolder::filesWithExtension(folder.descriptorFolder(), ".orb")) {
+        systems.insert(text::toUpper(file.substr(0, file.size() - 4)));
+    }
+    const bool sunIsAnotherSystem = systems.count(text::toUpper(name + "Sun")) > 0;
+
+    const fs::path dir = folder.picturesFolder();
+    std::error_code ec;
+    for (fs::directory_iterator it(dir, ec); !ec && it != fs::directory_iterator();
+         it.increment(ec)) {
+        std::error_code typeError;
+        if (!it->is_regular_file(typeError)) continue;
+        const std::string file = it->path().filename().string();
+        if (file.size() <= name.size() ||
+            !text::equalsIgnoreCase(std::string_view(file).substr(0, name.size()), name)) {
+            continue;
+        }
+        const std::string_view rest = std::string_view(file).substr(name.size());
+        const std::size_t dot = rest.find('.');
+        if (dot == std::string_view::npos) continue;
+        const std::string_view stem = rest.substr(0, dot);
+        const std::string_view extension = rest.substr(dot + 1);
+        const bool strip = stem.empty() && isPictureExtension(extension);
+        const bool star = text::equalsIgnoreCase(stem, "Sun") && isPictureExtension(extension) &&
+                          !sunIsAnotherSystem;
+        const bool animation = isAnimationNumber(stem) && text::equalsIgnoreCase(extension, "avi");
+        if (strip || star || animation) files.push_back(it->path());
+    }
+    return files;
+}
+
+bool deleteSystemFiles(SystemStore& store, const std::string& name) {
+    if (name.empty()) return store.fail("No system is selected.");
+    if (store.IsEditing() && text::equalsIgnoreCase(store.record().Name, name)) {
+        store.EndEdit(false);
+    }
+    std::vector<fs::path> files = systemPictureFiles(store.folder(), name);
+    const fs::path descriptor = store.descriptorPath(name, ".orb");
+    std::error_code ec;
+    if (fs::exists(descriptor, ec)) files.insert(files.begin(), descriptor);
+
+    std::string failed;
+    for (const fs::path& file : files) {
+        std::error_code removeError;
+        fs::remove(file, removeError);
+        store.profiles().forget(file);
+        if (removeError && failed.empty()) {
+            failed = "\"" + file.filename().string() +
+                     "\" could not be deleted: " + removeError.message() + ".";
+        }
+    }
+    return failed.empty() || store.fail(failed);
+}
+
+std::string EncodeStarArgument(const std::string& key) {
+    constexpr std::size_t kArgumentWidth = 21;
+    const long long value = text::leadingValue(key);
+    std::string argument;
+    if (value > 0 && value < 254) {
+        // The planet count becomes one character; the digits it replaces are as many as the
+        // number has.
+        const std::size_t digits = std::to_string(value).size();
+        argument =
+            std::string(1, static_cast<char>(value)) + key.substr(std::min(digits, key.size()));
+    } else if (value >= 254) {
+        const long long firstTwo = text::leadingValue(key.substr(0, 2));
+        argument = std::string(1, static_cast<char>(firstTwo)) +
+                   key.substr(std::min<std::size_t>(2, key.size()));
+    } else if (value == 0 && !key.empty() && key[0] == '0') {
+        argument = std::string(1, '\0') + key.substr(1);
+    } else {
+        argument = std::string(1, static_cast<char>(254)) + key;
+    }
+    argument = text::fitWidth(argument, kArgumentWidth);
+    for (char& c : argument) c = static_cast<char>(255 - static_cast<unsigned char>(c));
+    return argument;
+}
+
+}  // namespace orr

@@ -1,0 +1,153 @@
+// Creating and deleting whole systems: the new descriptor, the refusals, and deleting exactly
+// this system's files.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "store/SystemList.h"
+#include "store/SystemOperations.h"
+#include "support/GameFolderFixture.h"
+
+namespace orr {
+namespace {
+
+using test::crlf;
+using test::StoreTest;
+using test::writeBytes;
+
+class SystemFilesTest : public StoreTest {
+  protected:
+    std::vector<std::string> pictureNames(const std::string& name) {
+        std::vector<std::string> names;
+        for (const fs::path& file : systemPictureFiles(game.folder(), name)) {
+            names.push_back(file.filename().string());
+        }
+        std::sort(names.begin(), names.end());
+        return names;
+    }
+    void touchPictures(std::initializer_list<const char*> names) {
+        for (const char* name : names) writeBytes(game.pictures() / name, "picture");
+    }
+};
+
+using Names = std::vector<std::string>;
+
+TEST_F(SystemFilesTest, CustomSystemGetsAnEmptyDescriptor) {
+    store.record().planet(3).Moons = 7;
+    EXPECT_EQ(canCreateSystem(store, "Nova"), std::nullopt);
+    ASSERT_TRUE(createSystem(store, "Nova")) << store.lastError();
+    EXPECT_EQ(readDescriptor("Nova.orb"), crlf({"[General]", "PlanetPics = ", "Messages = ", "",
+                                                ";SolarSystem", ";\"Nova                \",0,0"}));
+    const SystemRecord& r = store.record();
+    EXPECT_EQ(r.Name, "Nova");
+    EXPECT_EQ(r.PlanetCount, 0);
+    EXPECT_EQ(r.planet(3).Position, 0);
+    EXPECT_EQ(r.planet(3).Moons, 7);  // unused slots keep their values
+
+    ASSERT_TRUE(createSystem(store, "A Name Longer Than Twenty"));
+    EXPECT_EQ(store.record().DisplayName, "A Name Longer Than T");
+}
+
+TEST_F(SystemFilesTest, ListedSystemTakesTheListRecord) {
+    ASSERT_TRUE(createSystem(store, "9Sol"));
+    EXPECT_EQ(store.record().PlanetCount, 9);
+    const std::string text = readDescriptor("9Sol.orb");
+    EXPECT_EQ(text.substr(0, 60), crlf({"[General]", "PlanetPics = NNNNNNNNN",
+                                        "Messages = NNNNNNNNN", "", ";SolarSystem"})
+                                      .substr(0, 60));
+    EXPECT_NE(text.find(";560,3,1,46087,13,5\r\n"), std::string::npos);
+    store.record() = SystemRecord();
+    ASSERT_TRUE(openSystem("9Sol").blockFound);
+    EXPECT_EQ(store.record().planet(9).Position, 1800);
+    EXPECT_EQ(OfferedSystems(game.folder()), (Names{"0Vega", "3Sol"}));
+}
+
+TEST_F(SystemFilesTest, RefusesExistingAndUnusableNames) {
+    writeDescriptor("Nova", crlf({"[General]"}));
+    const std::string bytes = readDescriptor("Nova.orb");
+    EXPECT_EQ(canCreateSystem(store, "NOVA"), "A system named \"Nova\" already exists.");
+    EXPECT_FALSE(createSystem(store, "nova"));
+    EXPECT_EQ(store.lastError(), "A system named \"Nova\" already exists.");
+    EXPECT_EQ(readDescriptor("Nova.orb"), bytes);
+    EXPECT_EQ(canCreateSystem(store, "What?"), "A system name cannot contain the character '?'.");
+    EXPECT_FALSE(createSystem(store, ""));
+    EXPECT_FALSE(createSystem(store, "CON"));
+    EXPECT_EQ(GameFolder::filesWithExtension(game.descriptors(), ".orb").size(), 1u);
+}
+
+TEST_F(SystemFilesTest, CreatingWhileEditingLeavesTheOpenSystem) {
+    openNewSystem("Open", 2);
+    const SystemRecord before = store.record();
+    ASSERT_TRUE(createSystem(store, "Other"));
+    EXPECT_EQ(store.record(), before);
+    EXPECT_TRUE(fs::exists(game.descriptor("Other.orb")));
+    EXPECT_EQ(store.openDescriptorPath(), game.descriptor("Open.edt"));
+}
+
+TEST_F(SystemFilesTest, CreatesTheDescriptorFolderWhenMissing) {
+    fs::remove_all(game.descriptors());
+    ASSERT_TRUE(createSystem(store, "Nova")) << store.lastError();
+    EXPECT_TRUE(fs::exists(game.descriptor("Nova.orb")));
+}
+
+TEST_F(SystemFilesTest, UnwritableFolderCreatesNothing) {
+    const test::ReadOnlyFolder readOnly(game.descriptors());
+    if (!readOnly.enforced()) GTEST_SKIP() << "the folder cannot be made read-only here";
+    const SystemRecord before = store.record();
+    EXPECT_FALSE(createSystem(store, "Nova"));
+    EXPECT_NE(store.lastError().find("Nova.orb"), std::string::npos) << store.lastError();
+    EXPECT_EQ(store.record(), before);
+    EXPECT_FALSE(fs::exists(game.descriptor("Nova.orb")));
+}
+
+TEST_F(SystemFilesTest, PictureFilesOfExactlyThisSystem) {
+    touchPictures({"Sol.bmp", "sol.GIF", "SolSun.bmp", "SOLSUN.JPG", "Sol1.avi", "Sol10.AVI",
+                   "SolX.bmp", "SolXSun.bmp", "Sol11.avi", "Sol0.avi", "Sol01.avi", "Sol1.bmp",
+                   "Sol.x.bmp", "SolSun.x.bmp", "Sol", "Sol.", "Solar.bmp", "Vega.bmp"});
+    fs::create_directory(game.pictures() / "Sol.dir");
+    EXPECT_EQ(pictureNames("Sol"),
+              (Names{"SOLSUN.JPG", "Sol.bmp", "Sol1.avi", "Sol10.AVI", "SolSun.bmp", "sol.GIF"}));
+    EXPECT_EQ(pictureNames("SolX"), (Names{"SolX.bmp", "SolXSun.bmp"}));
+    // "Sol1.avi" is animation 1 of Sol, not a picture of a system "Sol1".
+    EXPECT_EQ(pictureNames("Sol1"), (Names{"Sol1.bmp", "Sol11.avi"}));
+
+    // With a system "SolSun", its strip is not Sol's star picture.
+    writeDescriptor("SolSun", crlf({"[General]"}));
+    EXPECT_EQ(pictureNames("Sol"), (Names{"Sol.bmp", "Sol1.avi", "Sol10.AVI", "sol.GIF"}));
+    EXPECT_EQ(pictureNames(""), Names{});
+}
+
+TEST_F(SystemFilesTest, DeleteRemovesOnlyThisSystem) {
+    writeDescriptor("Sol", crlf({"[General]"}));
+    writeDescriptor("SolX", crlf({"[General]"}));
+    touchPictures({"Sol.bmp", "SolSun.bmp", "Sol3.avi", "SolX.bmp", "SolXSun.bmp"});
+    ASSERT_TRUE(deleteSystemFiles(store, "Sol"));
+    EXPECT_FALSE(fs::exists(game.descriptor("Sol.orb")));
+    for (const char* gone : {"Sol.bmp", "SolSun.bmp", "Sol3.avi"}) {
+        EXPECT_FALSE(fs::exists(game.pictures() / gone)) << gone;
+    }
+    EXPECT_TRUE(fs::exists(game.descriptor("SolX.orb")));
+    EXPECT_TRUE(fs::exists(game.pictures() / "SolX.bmp"));
+    EXPECT_TRUE(fs::exists(game.pictures() / "SolXSun.bmp"));
+    EXPECT_TRUE(deleteSystemFiles(store, "Sol"));  // nothing left to delete
+}
+
+TEST_F(SystemFilesTest, DeletingTheOpenSystemEndsItsEdit) {
+    openNewSystem("Nova", 1);
+    ASSERT_TRUE(deleteSystemFiles(store, "Nova"));
+    EXPECT_FALSE(store.IsEditing());
+    EXPECT_TRUE(fs::is_empty(game.descriptors()));
+}
+
+TEST_F(SystemFilesTest, FailedDeleteIsReported) {
+    writeDescriptor("Sol", crlf({"[General]"}));
+    touchPictures({"Sol.bmp"});
+    const test::ReadOnlyFolder readOnly(game.pictures());
+    if (!readOnly.enforced()) GTEST_SKIP() << "the folder cannot be made read-only here";
+    EXPECT_FALSE(deleteSystemFiles(store, "Sol"));
+    EXPECT_NE(store.lastError().find("Sol.bmp"), std::string::npos) << store.lastError();
+    EXPECT_TRUE(fs::exists(game.pictures() / "Sol.bmp"));
+}
+
+}  // namespace
+}  // namespace orr
