@@ -116,8 +116,8 @@ EditSession::EditSession(SystemStore& store, const std::string& name) : store_(s
             fail("The working copy of " + inQuotes(name) + " could not be made.");
         loaded_ = store_.LoadSystem(name);
         if (!loaded_.warning.empty()) {
-            throw CliError("The system block of " + inQuotes(name) +
-                           " is damaged, so it is left unchanged: " + loaded_.warning);
+            throw CliError("Nothing was changed. " + loaded_.warning +
+                           " Open the system in the editor to repair it.");
         }
     } catch (...) {
         discard();

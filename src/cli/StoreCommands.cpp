@@ -40,13 +40,21 @@ void requireKey(const std::string& key) {
         throw CliError("A key cannot be empty, hold '=' or begin with '[' or ';'.");
 }
 
-// The reason for an add or insert that found no room, as the canvas reports it.
-void requireAdded(AddPlanetResult result, const std::string& name) {
-    if (result == AddPlanetResult::Full) throw CliError(kMaxPlanetsMessage);
-    if (result == AddPlanetResult::NoRoom) {
-        throw CliError("The orbits of " + inQuotes(name) +
-                       " are too crowded for another planet: move the outer planets inward first.");
+// The reason for an add or insert that added nothing, as the canvas reports it.
+void requireAdded(AddPlanetResult result, const EditSession& session, const std::string& name) {
+    switch (result) {
+        case AddPlanetResult::Added:
+            return;
+        case AddPlanetResult::Full:
+            throw CliError(kMaxPlanetsMessage);
+        case AddPlanetResult::NoRoom:
+            throw CliError("The orbits of " + inQuotes(name) +
+                           " are too crowded for another planet: move the outer planets inward "
+                           "first.");
+        case AddPlanetResult::Failed:
+            break;
     }
+    session.fail("No planet could be added to " + inQuotes(name) + ".");
 }
 
 // --- reading commands
@@ -115,7 +123,11 @@ void getKey(CliContext& context, const QStringList& args) {
 void encodeStar(CliContext& context, const QStringList& args) {
     const std::string key = bytesOf(args[0]);
     const std::string encoded = EncodeStarArgument(key);
-    if (encoded.size() > 21) {
+    // The game takes 21 characters. A longer key cannot reach it, whether the encoding cuts it
+    // or not: a cut key encodes the same as the key less its last character.
+    const bool cut = !key.empty() && key.back() != ' ' &&
+                     encoded == EncodeStarArgument(key.substr(0, key.size() - 1));
+    if (encoded.size() != 21 || cut) {
         throw CliError("The key " + inQuotes(key) +
                        " is too long for the game's start argument of 21 characters.");
     }
@@ -170,7 +182,7 @@ void addPlanetCommand(CliContext& context, const QStringList& args) {
     EditSession session(store, existingSystem(store, args[0]));
     session.requireBlock();
     if (session.record().PlanetCount >= kMaxPlanets) throw CliError(kMaxPlanetsMessage);
-    requireAdded(addPlanet(store), session.record().Name);
+    requireAdded(addPlanet(store), session, session.record().Name);
     session.commit();
 }
 
@@ -180,7 +192,7 @@ void insertPlanetCommand(CliContext& context, const QStringList& args) {
     session.requireBlock();
     const int n = session.planetArgument(args[1], 1);
     if (session.record().PlanetCount >= kMaxPlanets) throw CliError(kMaxPlanetsMessage);
-    requireAdded(insertPlanet(store, n), session.record().Name);
+    requireAdded(insertPlanet(store, n), session, session.record().Name);
     session.commit();
 }
 
@@ -268,10 +280,8 @@ void renameCommand(CliContext& context, const QStringList& args) {
     SystemStore store = openStore(context);
     const std::string oldName = existingSystem(store, args[0]);
     const std::string newName = bytesOf(args[1]);
-    if (const auto reason = CheckSystemName(newName)) throw CliError(*reason);
-    std::error_code error;
-    if (fs::exists(store.descriptorPath(newName, ".orb"), error))
-        throw CliError("The system " + inQuotes(newName) + " already exists.");
+    // The same refusals as for a new system: an unusable name, or one that is taken.
+    if (const auto reason = canCreateSystem(store, newName)) throw CliError(*reason);
     requireNoWorkingCopy(store, newName);
     {
         EditSession session(store, oldName);
@@ -286,6 +296,13 @@ void deleteSystem(CliContext& context, const QStringList& args) {
     SystemStore store = openStore(context);
     const std::string name = existingSystem(store, args[0]);
     requireNoWorkingCopy(store, name);
+    // The descriptor goes first and alone: when it cannot be deleted, the system stays whole
+    // instead of losing its pictures.
+    std::error_code error;
+    if (!fs::remove(store.descriptorPath(name, ".orb"), error) || error) {
+        throw CliError("The system " + inQuotes(name) + " could not be deleted: " +
+                       (error ? error.message() : "its descriptor has gone") + ".");
+    }
     if (!deleteSystemFiles(store, name)) {
         throw CliError(store.lastError().empty()
                            ? "The system " + inQuotes(name) + " could not be deleted."
