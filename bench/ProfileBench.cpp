@@ -149,6 +149,9 @@ class DescriptorFile {
     }
     const fs::path& path() const { return path_; }
     std::size_t originalSize() const { return original_.size(); }
+    std::string sizeText() const {
+        return "a " + std::to_string((original_.size() + 512) / 1024) + " KB descriptor";
+    }
     void reset() const { writeFileAtomically(path_, original_); }
 
   private:
@@ -192,7 +195,7 @@ void WriteKeyStore(benchmark::State& state) {
         }
     }
     state.counters["target_ms"] = 2;
-    state.SetLabel("one key written to disk through the cache");
+    state.SetLabel("one key of " + file.sizeText() + " written to disk through the cache");
 }
 
 void WriteKeyNaive(benchmark::State& state) {
@@ -200,7 +203,7 @@ void WriteKeyNaive(benchmark::State& state) {
     std::size_t i = 0;
     for (auto _ : state)
         naive::writeKey(file.path(), kChangedSection, kChangedKey, kValues[i++ % 2]);
-    state.SetLabel("one key: whole file read, parsed and written");
+    state.SetLabel("one key of " + file.sizeText() + ": whole file read, parsed and written");
 }
 
 void Read1000Store(benchmark::State& state) {
@@ -217,7 +220,7 @@ void Read1000Store(benchmark::State& state) {
         state.SkipWithError("the generated descriptor does not read back as written");
     }
     state.counters["target_speedup"] = 50;
-    state.SetLabel("1,000 keys of a cached file (one check of the file each)");
+    state.SetLabel("1,000 keys of " + file.sizeText() + ", cached (one check of the file each)");
 }
 
 void Read1000Naive(benchmark::State& state) {
@@ -228,7 +231,8 @@ void Read1000Naive(benchmark::State& state) {
             benchmark::DoNotOptimize(naive::readKey(file.path(), section, key));
         }
     }
-    state.SetLabel("1,000 keys, the whole file read and parsed for each");
+    state.SetLabel("1,000 keys of " + file.sizeText() +
+                   ", the whole file read and parsed for each");
 }
 
 void Burst1400Store(benchmark::State& state) {
@@ -255,7 +259,8 @@ void Burst1400Store(benchmark::State& state) {
         state.SkipWithError("the burst did not write every key once");
     }
     state.counters["target_ms"] = 50;
-    state.SetLabel("1,400 new keys in one section, one batch, one write");
+    state.SetLabel("1,400 new keys in one section of " + file.sizeText() +
+                   ", one batch, one write");
 }
 
 void Burst1400Naive(benchmark::State& state) {
@@ -267,7 +272,8 @@ void Burst1400Naive(benchmark::State& state) {
         state.ResumeTiming();
         for (const KeyValue& kv : keys) naive::writeKey(file.path(), "1", kv.key, kv.value);
     }
-    state.SetLabel("1,400 new keys, the whole file read and written for each");
+    state.SetLabel("1,400 new keys in " + file.sizeText() +
+                   ", the whole file read and written for each");
 }
 
 BENCHMARK(WriteKeyStore)->Name("WriteKey/Store")->UseRealTime()->Unit(benchmark::kMillisecond);
