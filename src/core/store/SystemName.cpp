@@ -51,8 +51,10 @@ std::optional<std::string> CheckSystemName(std::string_view name) {
         return std::string("A system name cannot begin or end with a dot.");
     }
     if (isReservedDeviceName(name)) {
-        return "\"" + text::toUpper(name.substr(0, name.find('.'))) +
-               "\" is a device name reserved by Windows and cannot be a system name.";
+        std::string reason = "\"";
+        reason.append(text::toUpper(name.substr(0, name.find('.'))))
+            .append("\" is a device name reserved by Windows and cannot be a system name.");
+        return reason;
     }
     return std::nullopt;
 }

@@ -126,7 +126,7 @@ bool deleteSystemFiles(SystemStore& store, const std::string& name) {
         fs::remove(file, removeError);
         store.profiles().forget(file);
         if (removeError && failed.empty()) {
-            failed = "\"" + file.filename().string() +
+            failed = std::string("\"") + file.filename().string() +
                      "\" could not be deleted: " + removeError.message() + ".";
         }
     }

@@ -26,11 +26,20 @@ bool isCommentLine(const ProfileDocument::Line& line) {
     return !line.text.empty() && line.text[0] == ';';
 }
 
+// A comment line of the block: ";" and the text (built by appending: GCC 12 warns falsely about
+// ";" + std::string at -O3).
+std::string commentLine(std::string_view text) {
+    std::string line;
+    line.reserve(text.size() + 1);
+    line.append(";").append(text);
+    return line;
+}
+
 std::vector<std::string> blockLines(const SystemRecord& record) {
-    std::vector<std::string> lines{std::string(";") + kMarker,
-                                   ";" + RecordFields::headerFields(record)};
+    std::vector<std::string> lines{commentLine(kMarker),
+                                   commentLine(RecordFields::headerFields(record))};
     for (int n = 1; n <= RecordFields::writtenPlanetCount(record); ++n) {
-        lines.push_back(";" + RecordFields::planetFields(record.planet(n)));
+        lines.push_back(commentLine(RecordFields::planetFields(record.planet(n))));
     }
     return lines;
 }
@@ -50,7 +59,7 @@ std::string renumberedHeader(const std::string& line, int number) {
     while (i < line.size() && line[i] == ' ') ++i;
     if (i < line.size() && (line[i] == '+' || line[i] == '-')) ++i;
     while (i < line.size() && line[i] >= '0' && line[i] <= '9') ++i;
-    return "[" + std::to_string(number) + line.substr(i);
+    return std::string("[") + std::to_string(number) + line.substr(i);
 }
 
 // The lines of the planet swap: flag characters, [Names] keys and section numbers exchanged.

@@ -128,7 +128,7 @@ bool SystemStore::RenameSystem(const std::string& newName) {
     profiles_.forget(from);
     profiles_.forget(to);
     if (ec) {
-        return fail("\"" + from.filename().string() + "\" could not be renamed to \"" +
+        return fail(std::string("\"") + from.filename().string() + "\" could not be renamed to \"" +
                     to.filename().string() + "\": " + ec.message() + ".");
     }
     resolvedPaths_.clear();
