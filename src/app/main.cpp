@@ -13,6 +13,7 @@
 #include <cstdio>
 #include <string>
 
+#include "editor/SystemCanvas.h"
 #include "editor/frmAbout.h"
 #include "editor/frmSSEdit.h"
 #include "platform/QtText.h"
@@ -100,6 +101,11 @@ int main(int argc, char** argv) {
     if (!request.system.empty()) window.openSystemNamed(request.system);
 
     if (screenshot) {
+        // The picture shows the info panel too: as if the mouse rested on the second planet.
+        if (window.store().record().PlanetCount >= 2) {
+            window.picSolarSystem->setHighlightedPlanet(2);
+            window.DrawSystem();
+        }
         QTimer::singleShot(300, &window, [&window, &request] {
             const bool saved = window.grab().save(request.screenshot);
             if (!saved) fail(QStringLiteral("cannot write '%1'.").arg(request.screenshot));

@@ -1,0 +1,349 @@
+// The main window's menus and the context menus of planets and the star: what they offer and
+// what their commands do to the working copy, the names, flags, sections and pictures.
+
+#include <QtTest>
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QStandardPaths>
+
+#include "editor/PlanetCommands.h"
+#include "editor/StarStrip.h"
+#include "editor/StarView.h"
+#include "editor/SystemCanvas.h"
+#include "editor/frmOrder.h"
+#include "editor/frmPlanet.h"
+#include "platform/Settings.h"
+#include "store/SystemOperations.h"
+#include "support/MainWindowHarness.h"
+
+using namespace orr;
+using namespace orr::ui;
+using orr::test::MainWindowHarness;
+using orr::test::TempGameFolder;
+
+namespace {
+
+const char* const kNames[] = {"Ash", "Birch", "Cedar", "Dune"};
+const char* const kInfos[] = {"ash", "birch", "cedar", "dune"};
+
+// [Names] for the first `planets` planets and message sections for planets 2..`planets`.
+std::string namesAndSections(int planets) {
+    std::string text = "[Names]\r\n";
+    for (int n = 1; n <= planets && n <= 4; ++n)
+        text += std::to_string(n) + "=" + kNames[n - 1] + "\r\n";
+    for (int n = 2; n <= planets && n <= 4; ++n)
+        text += "[" + std::to_string(n) + "]\r\nInfo=" + kInfos[n - 1] + "\r\n";
+    return text;
+}
+
+// "Nova" with `planets` named planets (Ash, Birch, Cedar, Dune) on spaced orbits, message
+// sections for planets 2..4, opened, with the "Messages" flag set for planet 2 and a picture of
+// its own colour for every planet.
+void openNova(MainWindowHarness& h, int planets = 4) {
+    h.addSystem(MainWindowHarness::spacedSystem("Nova", planets), namesAndSections(planets));
+    QVERIFY(h.start());
+    h.choose("Nova");
+    QVERIFY(h.store().SetGeneralFlag(kMessagesFlag, 2, planets, true));
+    h.window().pictures().SetupPics(planets);
+    for (int n = 1; n <= planets; ++n) {
+        QImage picture(8, 8, QImage::Format_RGB32);
+        picture.fill(QColor::fromHsv(n * 60, 255, 255));
+        h.window().pictures().setPicture(n, picture);
+    }
+}
+
+QColor pictureColour(MainWindowHarness& h, int n) {
+    const QImage picture = h.window().pictures().picture(n);
+    return picture.isNull() ? QColor() : picture.pixelColor(0, 0);
+}
+
+std::string names(MainWindowHarness& h) {
+    std::string all;
+    for (int n = 1; n <= h.record().PlanetCount; ++n) all += planetLabel(h.store(), n) + ",";
+    return all;
+}
+
+QStringList entries(QMenu* menu) {
+    QStringList texts;
+    for (QAction* entry : menu->actions()) texts << (entry->isSeparator() ? "-" : entry->text());
+    return texts;
+}
+
+}  // namespace
+
+class frmSSEditMenusTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void initTestCase() {
+        QStandardPaths::setTestModeEnabled(true);
+        Settings::setDisplayAsteroids(true);
+    }
+
+    void menusOfferTheirEntriesInOrder() {
+        MainWindowHarness h;
+        QVERIFY(h.start());
+        QStringList bar;
+        for (QAction* menu : h.window().menuBar()->actions()) bar << menu->text();
+        QCOMPARE(bar, QStringList({"&System", "&Planet", "&Help"}));
+        QCOMPARE(entries(h.window().mnuFile),
+                 QStringList({"&New", "-", "&Save", "Save &As...", "&Test in Voidrunner", "-",
+                              "&Clear Planets", "&Delete", "-", "&Make Package", "-", "E&xit"}));
+        QCOMPARE(entries(h.window().mnuPlanet),
+                 QStringList({"&Add", "&Set Order", "&Pictures", "-", "&Display Asteroids"}));
+        QCOMPARE(entries(h.window().mnuPopup),
+                 QStringList({"&Messages", "&Name", "&Picture", "&Class", "-", "&Insert", "&Delete",
+                              "-", "P&roperties"}));
+        QCOMPARE(entries(h.window().mnuClass).size(), 15);
+        QCOMPARE(entries(h.window().mnuClass).front(), QStringLiteral("- - Asteroid Belt"));
+        QCOMPARE(
+            entries(h.window().mnuType),
+            QStringList({"Yellow Sun", "White Dwarf", "Red Sun", "Binary System (Black Hole)",
+                         "Binary System", "Neutron Star", "Flaring Yellow Sun", "Blue Giant"}));
+        QCOMPARE(h.action("mnuFSave")->shortcut(), QKeySequence(QKeySequence::Save));
+        QCOMPARE(h.action("mnuFNew")->shortcut(), QKeySequence(QKeySequence::New));
+        QCOMPARE(h.action("mnuFExit")->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_Q));
+    }
+
+    void classZeroMakesABeltAndAClassGivesSizeAgain() {
+        MainWindowHarness h;
+        openNova(h);
+        h.store().record().planet(2).Moons = 3;
+        h.pickPlanetMenu(2, "mnuPClass", 0);
+        QVERIFY(h.wasChecked("mnuPClass", 1));
+        QCOMPARE(h.record().planet(2).PlanetClass, 0);
+        QCOMPARE(h.record().planet(2).Size, 0);
+        QCOMPARE(h.record().planet(2).Moons, 0);
+        QVERIFY(h.descriptor("Nova").find(";700,0,0,0,0,0\r\n") != std::string::npos);
+        QVERIFY(!h.window().picSolarSystem->highlightLocked());
+
+        h.pickPlanetMenu(2, "mnuPClass", 3);
+        QVERIFY(h.wasChecked("mnuPClass", 0));
+        QCOMPARE(h.record().planet(2).PlanetClass, 3);
+        QCOMPARE(h.record().planet(2).Size, 2);
+    }
+
+    void nameQuestionStoresOrRestoresTheName() {
+        MainWindowHarness h;
+        openNova(h, 3);
+        h.prompts.answerInput(QStringLiteral("Zephyr"));
+        h.pickPlanetMenu(2, "mnuDescription");
+        const auto& asked = h.prompts.asked().back();
+        QCOMPARE(asked.text, QStringLiteral("Please enter the name for Nova II.  Enter "
+                                            "\"default\" or \"none\" to use the default name."));
+        QCOMPARE(asked.defaultText, QStringLiteral("Birch"));
+        QVERIFY(h.descriptor("Nova").find("2=Zephyr\r\n") != std::string::npos);
+
+        h.prompts.answerInput(QString());  // empty: no change
+        h.pickPlanetMenu(2, "mnuDescription");
+        h.prompts.answerInput(std::nullopt);  // cancelled: no change
+        h.pickPlanetMenu(2, "mnuDescription");
+        QCOMPARE(planetName(h.store(), 2), std::string("Zephyr"));
+
+        h.prompts.answerInput(QStringLiteral("DEFAULT"));
+        h.pickPlanetMenu(2, "mnuDescription");
+        QCOMPARE(planetName(h.store(), 2), std::string("Nova II"));
+        QVERIFY(h.descriptor("Nova").find("2=") == std::string::npos);
+        QCOMPARE(h.prompts.unexpectedCount(), 0);
+    }
+
+    void theEleventhPlanetIsRefused() {
+        MainWindowHarness h;
+        h.addSystem(TempGameFolder::systemRecord("Nova", 10), namesAndSections(4));
+        QVERIFY(h.start());
+        h.choose("Nova");
+        h.action("mnuPAdd")->trigger();
+        QCOMPARE(h.prompts.messageTexts(), QStringList({QString::fromLatin1(kMaxPlanetsMessage)}));
+        QCOMPARE(h.record().PlanetCount, 10);
+
+        h.pickPlanetMenu(2, "mnuInsert");
+        QVERIFY(!h.wasEnabled("mnuInsert"));
+        const std::string before = names(h);
+        h.window().picSolarSystem->setHighlightedPlanet(2);
+        h.window().planetCommands().insertPlanet();
+        QCOMPARE(h.prompts.messageTexts().size(), 2);
+        QCOMPARE(names(h), before);
+        QCOMPARE(h.record().PlanetCount, 10);
+    }
+
+    void insertMovesLaterPlanetsOutWithEverythingTheyOwn() {
+        MainWindowHarness h;
+        openNova(h, 3);
+        const QColor birch = pictureColour(h, 2);
+        const QColor cedar = pictureColour(h, 3);
+        h.pickPlanetMenu(2, "mnuInsert");
+        QVERIFY(h.wasEnabled("mnuInsert"));
+        QCOMPARE(h.record().PlanetCount, 4);
+        QCOMPARE(names(h), std::string("Ash,Planet 2,Birch,Cedar,"));
+        // Orbits stay: the new planet takes Birch's, the later planets move out by one.
+        QCOMPARE(h.record().planet(2).Position, 700);
+        QCOMPARE(h.record().planet(3).Position, 1000);
+        const std::string edt = h.descriptor("Nova");
+        QVERIFY(edt.find("[3]\r\nInfo=birch\r\n") != std::string::npos);
+        QVERIFY(edt.find("[4]\r\nInfo=cedar\r\n") != std::string::npos);
+        QCOMPARE(h.store().GetGeneralFlag(kMessagesFlag, 3), 1);
+        QCOMPARE(h.store().GetGeneralFlag(kMessagesFlag, 2), 0);
+        QCOMPARE(pictureColour(h, 3), birch);
+        QCOMPARE(pictureColour(h, 4), cedar);
+        QVERIFY(!h.window().pictures().hasPicture(2));
+        QVERIFY(h.action("mnuPOrder")->isEnabled());
+    }
+
+    void deleteMovesLaterPlanetsInWithEverythingTheyOwn() {
+        MainWindowHarness h;
+        openNova(h, 4);
+        QVERIFY(h.store().SetGeneralFlag(kMessagesFlag, 3, 4, true));
+        const QColor cedar = pictureColour(h, 3);
+        const QColor dune = pictureColour(h, 4);
+        h.pickPlanetMenu(2, "mnuDelete");
+        QCOMPARE(h.prompts.asked().size(), std::size_t(0));
+        QCOMPARE(h.record().PlanetCount, 3);
+        QCOMPARE(names(h), std::string("Ash,Cedar,Dune,"));
+        QCOMPARE(h.record().planet(2).Position, 700);
+        QCOMPARE(h.record().planet(3).Position, 1000);
+        const std::string edt = h.descriptor("Nova");
+        QVERIFY(edt.find("Info=birch") == std::string::npos);
+        QVERIFY(edt.find("[2]\r\nInfo=cedar\r\n") != std::string::npos);
+        QVERIFY(edt.find("[3]\r\nInfo=dune\r\n") != std::string::npos);
+        QCOMPARE(h.store().GetGeneralFlag(kMessagesFlag, 2), 1);
+        QCOMPARE(h.window().pictures().count(), 3);
+        QCOMPARE(pictureColour(h, 2), cedar);
+        QCOMPARE(pictureColour(h, 3), dune);
+    }
+
+    void propertiesOpenAfterTheMenuHasClosed() {
+        MainWindowHarness h;
+        openNova(h, 3);
+        QString title;
+        bool lockedMeanwhile = false;
+        h.onDialog([&](QDialog& dialog) {
+            auto* properties = qobject_cast<frmPlanet*>(&dialog);
+            QVERIFY(properties);
+            title = dialog.windowTitle();
+            lockedMeanwhile = h.window().picSolarSystem->highlightLocked();
+            properties->findChild<QAbstractButton*>("gpInh2")->click();
+            properties->cmdOK->click();
+        });
+        h.pickPlanetMenu(2, "mnuProperties");
+        QCOMPARE(h.dialogsRun(), 1);
+        QCOMPARE(title, QStringLiteral("Planet Properties - Birch"));
+        QVERIFY(lockedMeanwhile);
+        QVERIFY(!h.window().picSolarSystem->highlightLocked());
+        QCOMPARE(PlanetAttributes::unpack(h.record().planet(2).Attributes).Inhabited, 2);
+    }
+
+    void messagesWaitForTheMessageEditor() {
+        MainWindowHarness h;
+        openNova(h, 3);
+        h.pickPlanetMenu(2, nullptr);
+        QVERIFY(!h.wasEnabled("mnuMessages"));
+        QVERIFY(!h.wasEnabled("mnuPicture"));
+
+        int opened = 0;
+        h.window().setMessageEditorOpener([&](int planet) { opened = planet; });
+        h.pickPlanetMenu(3, "mnuMessages");
+        QCOMPARE(opened, 3);
+    }
+
+    void starMenuChangesTheStarType() {
+        MainWindowHarness h;
+        openNova(h, 2);
+        h.pickStarMenu("mnuStarType", 5);
+        QVERIFY(h.wasChecked("mnuStarType", 0));
+        QVERIFY(h.wasEnabled("mnuType"));
+        QVERIFY(!h.wasChecked("mnuStarPic"));
+        QCOMPARE(h.record().StarType, 5);
+        QCOMPARE(h.window().picStar->picture(), h.window().clpStars->cell(5));
+        QVERIFY(h.descriptor("Nova").find("\",5,2\r\n") != std::string::npos);
+        QCOMPARE(h.window().picStar->toolTip(), QStringLiteral("Neutron Star"));
+    }
+
+    void aStarWithItsOwnPictureKeepsItsType() {
+        MainWindowHarness h;
+        QImage star(16, 16, QImage::Format_RGB32);
+        star.fill(Qt::cyan);
+        QVERIFY(star.save(QString::fromStdString(h.game.path("PICTURES/novasun.BMP").string())));
+        openNova(h, 2);
+        QVERIFY(h.window().picStar->showsOwnPicture());
+        h.pickStarMenu(nullptr);
+        QVERIFY(!h.wasEnabled("mnuType"));
+        QVERIFY(h.wasChecked("mnuStarPic"));
+    }
+
+    void starDescriptionIsStoredOrRestored() {
+        MainWindowHarness h;
+        openNova(h, 2);
+        h.prompts.answerInput(QStringLiteral("Twin embers"));
+        h.pickStarMenu("mnuStarDesc");
+        QCOMPARE(h.prompts.asked().back().text,
+                 QStringLiteral("Please enter the description for Nova.  Enter \"default\" or "
+                                "\"none\" to use the default name."));
+        QCOMPARE(h.prompts.asked().back().defaultText, QStringLiteral("Yellow Sun"));
+        QVERIFY(h.descriptor("Nova").find("S=Twin embers\r\n") != std::string::npos);
+        QCOMPARE(h.window().picStar->toolTip(), QStringLiteral("Twin embers"));
+
+        h.prompts.answerInput(QStringLiteral("None"));
+        h.pickStarMenu("mnuStarDesc");
+        QVERIFY(h.descriptor("Nova").find("S=") == std::string::npos);
+        QCOMPARE(h.window().picStar->toolTip(), QStringLiteral("Yellow Sun"));
+    }
+
+    void addPlanetPutsItOutsideTheLast() {
+        MainWindowHarness h;
+        openNova(h, 1);
+        QVERIFY(!h.action("mnuPOrder")->isEnabled());
+        h.action("mnuPAdd")->trigger();
+        QCOMPARE(h.record().PlanetCount, 2);
+        QCOMPARE(h.record().planet(2).Position, 430);
+        QCOMPARE(h.record().planet(2).Size, 2);
+        QCOMPARE(h.window().pictures().count(), 2);
+        QVERIFY(h.action("mnuPOrder")->isEnabled());
+        QVERIFY(h.descriptor("Nova").find(";430,2,") != std::string::npos);
+    }
+
+    void setOrderExchangesPlanets() {
+        MainWindowHarness h;
+        openNova(h, 3);
+        h.onDialog([](QDialog& dialog) {
+            auto* order = qobject_cast<frmOrder*>(&dialog);
+            QVERIFY(order);
+            order->lstPlanets->setCurrentRow(2);
+            order->cmdUp->click();
+            order->cmdClose->click();
+        });
+        h.action("mnuPOrder")->trigger();
+        QCOMPARE(h.dialogsRun(), 1);
+        QCOMPARE(names(h), std::string("Ash,Cedar,Birch,"));
+    }
+
+    void displayNameIsEditedInPlace() {
+        MainWindowHarness h;
+        openNova(h, 1);
+        QLabel* label = h.window().lblName;
+        QLineEdit* box = h.window().txtName;
+        QTest::mouseClick(label, Qt::LeftButton);
+        QVERIFY(box->isVisible());
+        QCOMPARE(box->text(), QStringLiteral("Nova"));
+        QCOMPARE(box->selectedText(), QStringLiteral("Nova"));
+        box->setText(QStringLiteral("Helios"));
+        QTest::keyClick(box, Qt::Key_Escape);
+        QVERIFY(!box->isVisible());
+        QCOMPARE(label->text(), QStringLiteral("Nova"));
+
+        QTest::mouseClick(label, Qt::LeftButton);
+        box->setText(QStringLiteral("Helios"));
+        QTest::keyClick(box, Qt::Key_Return);
+        QVERIFY(!box->isVisible());
+        QCOMPARE(label->text(), QStringLiteral("Helios"));
+        QCOMPARE(h.record().DisplayName, std::string("Helios              "));
+        QVERIFY(h.descriptor("Nova").find(";\"Helios              \",0,1\r\n") !=
+                std::string::npos);
+    }
+};
+
+QTEST_MAIN(frmSSEditMenusTest)
+#include "frmSSEditMenusTest.moc"
