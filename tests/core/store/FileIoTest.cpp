@@ -20,8 +20,9 @@ class FileIoTest : public ::testing::Test {
         fs::create_directories(dir_);
     }
     void TearDown() override {
+        // A folder a test made read-only must be writable again before it can be removed.
         std::error_code ec;
-        fs::permissions(dir_, fs::perms::owner_all, fs::perm_options::add, ec);
+        fs::permissions(dir_ / "ORBDescriptor", fs::perms::owner_all, fs::perm_options::add, ec);
         fs::remove_all(dir_, ec);
     }
 
