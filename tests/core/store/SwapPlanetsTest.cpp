@@ -78,18 +78,6 @@ TEST_F(SwapPlanetsTest, PlanetNumbersOutsideTheSystemDoNothing) {
     EXPECT_EQ(store.record(), record);
 }
 
-TEST_F(SwapPlanetsTest, SwappingTwiceRestoresEverything) {
-    const std::string before =
-        crlf({"[General]", "PlanetPics=YNV", "Messages=NYN", "[Names]", "1=A", "2=B", "3=C", "[1]",
-              "k=1", "[2]", "k=2", "[3]", "k=3"});
-    writeDescriptor("Nova", before);
-    const SystemRecord record = store.record();
-    ASSERT_TRUE(store.SwapPlanets(2, 1));
-    ASSERT_TRUE(store.SwapPlanets(1, 2));
-    EXPECT_EQ(readDescriptor("Nova.orb"), before);
-    EXPECT_EQ(store.record(), record);
-}
-
 TEST_F(SwapPlanetsTest, MissingDescriptorLeavesTheRecord) {
     const SystemRecord record = store.record();
     EXPECT_FALSE(store.SwapPlanets(1, 2));

@@ -42,15 +42,5 @@ TEST(SystemRecordTest, DisplayNameIsAlwaysTwentyCharacters) {
     EXPECT_EQ(record.trimmedDisplayName(), "Sol");
 }
 
-TEST(SystemRecordTest, PlanetsAreNumberedFromOne) {
-    SystemRecord record;
-    record.planet(1).Position = 400;
-    record.planet(10).Position = 1000;
-    EXPECT_EQ(record.Planets[0].Position, 400);
-    EXPECT_EQ(record.Planets[9].Position, 1000);
-    EXPECT_THROW(record.planet(0), std::out_of_range);
-    EXPECT_THROW(record.planet(11), std::out_of_range);
-}
-
 }  // namespace
 }  // namespace orr

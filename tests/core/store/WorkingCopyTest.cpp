@@ -168,17 +168,5 @@ TEST_F(WorkingCopyTest, RenameMovesTheWorkingCopyAndTheDisplayName) {
     EXPECT_EQ(store.record().Name, "SUPERNOVA");
 }
 
-TEST_F(WorkingCopyTest, ModifiedComparesExactTimes) {
-    ASSERT_TRUE(store.BeginEdit({}));
-    const fs::path edt = game.descriptor("Nova.edt");
-    const fs::file_time_type time = *modificationTime(edt);
-    fs::last_write_time(edt, time + std::chrono::nanoseconds(1000));
-    EXPECT_TRUE(store.IsModified());
-    fs::last_write_time(edt, time);
-    EXPECT_FALSE(store.IsModified());
-    fs::remove(game.descriptor("Nova.orb"));
-    EXPECT_TRUE(store.IsModified());
-}
-
 }  // namespace
 }  // namespace orr
