@@ -109,7 +109,7 @@ int main(int argc, char** argv) {
         QTimer::singleShot(300, &window, [&window, &request] {
             const bool saved = window.grab().save(request.screenshot);
             if (!saved) fail(QStringLiteral("cannot write '%1'.").arg(request.screenshot));
-            window.endWithoutQuestions();
+            window.close();  // nothing was changed: the working copy simply goes
             QCoreApplication::exit(saved ? 0 : 1);
         });
     }

@@ -223,10 +223,14 @@ class frmSSEditLifecycleTest : public QObject {
     void saveAsAsksAgainAfterNoAndKeepsTheOldSystem() {
         MainWindowHarness h;
         addNovaAndVega(h);
+        QImage strip(3 * 160, 120, QImage::Format_RGB32);
+        strip.fill(Qt::darkGreen);
+        QVERIFY(strip.save(QString::fromStdString(h.game.path("PICTURES/Nova.bmp").string())));
         QVERIFY(h.start());
         h.choose("Nova");
         modify(h);
         const std::string oldSaved = h.descriptor("Nova", ".orb");
+        const std::string oldStrip = h.game.read("PICTURES/Nova.bmp");
 
         h.prompts.answerInput(QStringLiteral("Vega"));
         h.prompts.answerMessage(PromptAnswer::No);
@@ -250,6 +254,9 @@ class frmSSEditLifecycleTest : public QObject {
         QVERIFY(!h.game.exists("ORBDescriptor/Nova.edt"));
         QVERIFY(h.game.exists("ORBDescriptor/Orion.edt"));
         QCOMPARE(h.window().cboSystems->count(), 3);
+        // The pictures go with the new name; the old system keeps its own.
+        QVERIFY(h.game.exists("PICTURES/Orion.bmp"));
+        QCOMPARE(h.game.read("PICTURES/Nova.bmp"), oldStrip);
     }
 
     void saveAsUnderItsOwnNameAsksToOverwrite() {
