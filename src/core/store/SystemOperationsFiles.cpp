@@ -115,19 +115,32 @@ bool deleteSystemFiles(SystemStore& store, const std::string& name) {
     if (store.IsEditing() && text::equalsIgnoreCase(store.record().Name, name)) {
         store.EndEdit(false);
     }
-    std::vector<fs::path> files = systemPictureFiles(store.folder(), name);
+    // The descriptor goes first: when it cannot be deleted the system stays whole, pictures
+    // included, rather than losing its pictures and keeping its descriptor.
     const fs::path descriptor = store.descriptorPath(name, ".orb");
     std::error_code ec;
-    if (fs::exists(descriptor, ec)) files.insert(files.begin(), descriptor);
+    if (fs::exists(descriptor, ec)) {
+        fs::remove(descriptor, ec);
+        store.profiles().forget(descriptor);
+        if (ec) {
+            return store.fail(std::string("\"")
+                                  .append(descriptor.filename().string())
+                                  .append("\" could not be deleted: ")
+                                  .append(ec.message())
+                                  .append("."));
+        }
+    }
 
     std::string failed;
-    for (const fs::path& file : files) {
+    for (const fs::path& file : systemPictureFiles(store.folder(), name)) {
         std::error_code removeError;
         fs::remove(file, removeError);
-        store.profiles().forget(file);
         if (removeError && failed.empty()) {
-            failed = std::string("\"") + file.filename().string() +
-                     "\" could not be deleted: " + removeError.message() + ".";
+            failed = std::string("\"")
+                         .append(file.filename().string())
+                         .append("\" could not be deleted: ")
+                         .append(removeError.message())
+                         .append(".");
         }
     }
     return failed.empty() || store.fail(failed);

@@ -149,5 +149,16 @@ TEST_F(SystemFilesTest, FailedDeleteIsReported) {
     EXPECT_TRUE(fs::exists(game.pictures() / "Sol.bmp"));
 }
 
+TEST_F(SystemFilesTest, UndeletableDescriptorKeepsThePictures) {
+    writeDescriptor("Sol", crlf({"[General]"}));
+    touchPictures({"Sol.bmp", "SolSun.bmp"});
+    const test::ReadOnlyFolder readOnly(game.descriptors());
+    if (!readOnly.enforced()) GTEST_SKIP() << "the folder cannot be made read-only here";
+    EXPECT_FALSE(deleteSystemFiles(store, "Sol"));
+    EXPECT_NE(store.lastError().find("Sol.orb"), std::string::npos) << store.lastError();
+    EXPECT_TRUE(fs::exists(game.pictures() / "Sol.bmp"));
+    EXPECT_TRUE(fs::exists(game.pictures() / "SolSun.bmp"));
+}
+
 }  // namespace
 }  // namespace orr
