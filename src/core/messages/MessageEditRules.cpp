@@ -1,0 +1,93 @@
+#include "messages/MessageEditRules.h"
+
+#include <algorithm>
+
+#include "messages/MessageCodec.h"
+#include "text/Text.h"
+
+namespace orr {
+
+namespace {
+
+std::string joined(const std::vector<std::string>& parts, std::string_view separator) {
+    std::string result;
+    for (const std::string& part : parts) {
+        if (!result.empty()) result += separator;
+        result += part;
+    }
+    return result;
+}
+
+// The answer group as it is written: the current group when none is given, INIT as "INIT".
+std::string effectiveAnswerGroup(std::string_view answerGroup, std::string_view group) {
+    return shownGroupName(storedGroupName(answerGroup.empty() ? group : answerGroup));
+}
+
+// The attached entries as a sorted list of lines: reading a line back gives the prefix codes in
+// reverse and the suffix codes after the actions, so only the set of entries can be compared.
+std::vector<std::string> entrySet(const std::vector<SpecialEntry>& entries) {
+    std::vector<std::string> lines;
+    for (const SpecialEntry& entry : entries) lines.push_back(entry.line());
+    std::sort(lines.begin(), lines.end());
+    return lines;
+}
+
+}  // namespace
+
+std::string groupNameProblem(std::string_view name) {
+    if (text::trim(name).empty()) return "Please enter a name for the group.";
+    if (name.find_first_of("*=") != std::string_view::npos)
+        return "A group name cannot contain \"*\" or \"=\".";
+    if (std::any_of(name.begin(), name.end(),
+                    [](char c) { return static_cast<unsigned char>(c) < 0x20; }))
+        return "A group name cannot contain control characters.";
+    return {};
+}
+
+std::string argumentProblem(std::string_view value) {
+    if (value.find_first_of("*()[]") != std::string_view::npos)
+        return "An argument cannot contain \"*\" or brackets.";
+    return {};
+}
+
+std::vector<std::string> saveWarnings(const MessageLine& line, Direction direction,
+                                      std::string_view group, const SpecialCodeList& codes) {
+    std::vector<std::string> warnings;
+    if (direction == Direction::Information) return warnings;
+
+    if (!line.droppedCodes.empty()) {
+        warnings.push_back(
+            "These codes stored in the line are not in the special-code list and will be "
+            "dropped: " +
+            joined(line.droppedCodes, ", ") + ".");
+    }
+
+    const std::string stored = ComposeMessage(line, direction, group);
+    const MessageLine back = DecodeMessage(stored, direction, group, codes);
+    if (back.text != text::trim(line.text)) {
+        warnings.push_back("The text will read back as \"" + back.text +
+                           "\": a text cannot contain \"*\" or \"^\", and without a caption "
+                           "it cannot begin with \"%\" or \"$\".");
+    }
+    if (back.display != line.display ||
+        (line.display == DisplayMode::Custom && back.title != line.title)) {
+        warnings.push_back(
+            "The caption will not read back as entered: a caption cannot "
+            "contain \"$\" or be \"BOX\".");
+    }
+    if (back.answerGroup != effectiveAnswerGroup(line.answerGroup, group)) {
+        warnings.push_back("The answer group will read back as \"" + back.answerGroup + "\".");
+    }
+    if (entrySet(back.specials) != entrySet(line.specials)) {
+        warnings.push_back(
+            "The attached codes will not read back as entered: an argument may have been read "
+            "as another code.");
+    }
+    return warnings;
+}
+
+std::string saveQuestion(const std::vector<std::string>& warnings) {
+    return joined(warnings, "\n\n") + "\n\nSave the line anyway?";
+}
+
+}  // namespace orr

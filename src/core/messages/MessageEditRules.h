@@ -1,0 +1,41 @@
+#pragma once
+// Checks the message editor makes before it writes what the designer typed: names that cannot
+// be group names, arguments that would break a stored line, and lines that would not read back
+// the way they were written (codes the special-code list does not know, a text that the reader
+// would take for codes). The editor shows these as questions or messages; nothing here decides
+// for the designer.
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "messages/MessageKeys.h"
+#include "messages/MessageLine.h"
+#include "messages/SpecialCodeList.h"
+
+namespace orr {
+
+// A response's text must stay narrower than this many twips (1/1440 inch) in the editor's font,
+// or the game's answer dialog cuts it off.
+inline constexpr int kResponseWidthLimitTwips = 7230;
+inline constexpr int kTwipsPerInch = 1440;
+
+inline constexpr const char* kLengthLimitExceeded = "(Length Limit Exceeded)";
+inline constexpr const char* kWidthLimitExceeded = "(Response Text Width Limit Exceeded)";
+
+// Why `name` cannot name a group (it would break the key names or the answer tags); empty when
+// it can.
+std::string groupNameProblem(std::string_view name);
+
+// Why `value` cannot be a code's argument (it would end the code early); empty when it can.
+std::string argumentProblem(std::string_view value);
+
+// What would be lost or changed if `line` were stored in `group` and `direction` and read back
+// with `codes`: one sentence per problem, empty when the line reads back as written.
+std::vector<std::string> saveWarnings(const MessageLine& line, Direction direction,
+                                      std::string_view group, const SpecialCodeList& codes);
+
+// The question that asks whether to save despite `warnings` (Yes saves, No goes back).
+std::string saveQuestion(const std::vector<std::string>& warnings);
+
+}  // namespace orr
