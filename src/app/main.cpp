@@ -16,6 +16,8 @@
 #include "editor/SystemCanvas.h"
 #include "editor/frmAbout.h"
 #include "editor/frmSSEdit.h"
+#include "messages/MessageEditorLauncher.h"
+#include "messages/frmMessages.h"
 #include "platform/QtText.h"
 
 namespace {
@@ -95,6 +97,13 @@ int main(int argc, char** argv) {
     const std::filesystem::path folder(QFile::encodeName(request.gameFolder).toStdString());
     orr::ui::frmSSEdit window{orr::GameFolder(folder)};
     if (!window.startUp()) return 1;
+    window.setMessageEditorOpener([&window](int planet, bool customMessages) {
+        return orr::ui::openMessageEditor(&window, window.store(), planet, customMessages);
+    });
+    // The message editor reads a system's groups again after another system was opened.
+    QObject::connect(&window, &orr::ui::frmSSEdit::systemOpened,
+                     &orr::ui::messageEditorFor(&window, window.store()),
+                     &orr::ui::frmMessages::markForReload);
     window.show();
     const bool screenshot = !request.screenshot.isEmpty();
     if (!screenshot) window.showAboutIfWanted();

@@ -90,6 +90,7 @@ void PlanetCommands::showProperties(int planet) {
     if (planet < 1 || planet > w_.store().record().PlanetCount) return;
     w_.picInfo->hide();
     frmPlanet dialog(w_.store(), &w_.pictures(), &w_);
+    if (w_.messageEditorOpener()) dialog.setMessageEditorOpener(w_.messageEditorOpener());
     dialog.loadPlanet(planet);
     w_.runDialog(dialog);
     // The dialog reports its own write failures.
@@ -138,7 +139,7 @@ void PlanetCommands::runPlanetMenu(int planet, const QPoint& globalPos) {
     if (chosen == Chosen::Properties) {
         showProperties(planet);
     } else if (chosen == Chosen::Messages && w_.messageEditorOpener()) {
-        w_.messageEditorOpener()(planet);
+        w_.messageEditorOpener()(planet, w_.store().GetGeneralFlag(kMessagesFlag, planet) == 1);
     }
     canvas->setHighlightLocked(false);
     w_.DrawSystem();

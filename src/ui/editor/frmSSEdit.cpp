@@ -315,7 +315,7 @@ void frmSSEdit::runDialog(QDialog& dialog) {
         dialog.exec();
 }
 
-void frmSSEdit::setMessageEditorOpener(PlanetOpener opener) {
+void frmSSEdit::setMessageEditorOpener(MessageEditorOpener opener) {
     messageEditorOpener_ = std::move(opener);
     applyEnablingRules();
 }

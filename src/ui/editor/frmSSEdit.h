@@ -82,10 +82,12 @@ class frmSSEdit : public QMainWindow {
     void setDialogRunner(DialogRunner runner);
     void runDialog(QDialog& dialog);
 
-    // The message editor is opened through this once it exists; until then "Messages" stays off.
-    using PlanetOpener = std::function<void(int planet)>;
-    void setMessageEditorOpener(PlanetOpener opener);
-    const PlanetOpener& messageEditorOpener() const { return messageEditorOpener_; }
+    // Opens the message editor for a planet with its "Use Custom Messages" box set as given and
+    // returns the box's value when the editor closes. Used by the planet's context menu and the
+    // planet properties dialog; without it "Messages" and the dialog's "Edit" stay off.
+    using MessageEditorOpener = std::function<bool(int planet, bool customMessages)>;
+    void setMessageEditorOpener(MessageEditorOpener opener);
+    const MessageEditorOpener& messageEditorOpener() const { return messageEditorOpener_; }
 
     // An end that asks nothing (the session ending): the working copy stays as a backup.
     void endWithoutQuestions();
@@ -161,7 +163,7 @@ class frmSSEdit : public QMainWindow {
     QStackedWidget* nameStack_ = nullptr;
     PopupRunner popupRunner_;
     DialogRunner dialogRunner_;
-    PlanetOpener messageEditorOpener_;
+    MessageEditorOpener messageEditorOpener_;
     bool endingQuietly_ = false;
     bool exitConfirmed_ = false;
 };

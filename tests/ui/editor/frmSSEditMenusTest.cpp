@@ -244,9 +244,28 @@ class frmSSEditMenusTest : public QObject {
         QVERIFY(!h.wasEnabled("mnuPicture"));
 
         int opened = 0;
-        h.window().setMessageEditorOpener([&](int planet) { opened = planet; });
+        bool customMessages = false;
+        h.window().setMessageEditorOpener([&](int planet, bool custom) {
+            opened = planet;
+            customMessages = custom;
+            return custom;
+        });
         h.pickPlanetMenu(3, "mnuMessages");
         QCOMPARE(opened, 3);
+        QVERIFY(!customMessages);
+        h.pickPlanetMenu(2, "mnuMessages");  // planet 2 uses custom messages
+        QCOMPARE(opened, 2);
+        QVERIFY(customMessages);
+
+        // The properties dialog's "Edit" reaches the same editor.
+        bool editEnabled = false;
+        h.onDialog([&](QDialog& dialog) {
+            auto* properties = qobject_cast<frmPlanet*>(&dialog);
+            editEnabled = properties->cmdMsg->isEnabled();
+            properties->cmdCancel->click();
+        });
+        h.pickPlanetMenu(1, "mnuProperties");
+        QVERIFY(editEnabled);
     }
 
     void starMenuChangesTheStarType() {
