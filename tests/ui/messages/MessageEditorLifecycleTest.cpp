@@ -1,0 +1,202 @@
+// Opening and closing the message editor: the caption and the custom-messages switch, when the
+// groups are read again, the launcher the main window uses, the direction animation and the
+// tooltip for long entries.
+
+#include <QtTest>
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTimer>
+
+#include "messages/DirectionPicture.h"
+#include "messages/LongEntryToolTip.h"
+#include "messages/MessageEditSession.h"
+#include "messages/MessageEditorLauncher.h"
+#include "messages/frmFlag.h"
+#include "support/MessageEditorFixture.h"
+
+using namespace orr;
+using namespace orr::ui;
+using orr::test::MessageEditorFixture;
+using orr::test::section;
+
+namespace {
+
+// The mouse moving over the list (sent straight to it: the offscreen platform has no pointer).
+void moveOver(QListWidget* list, int row) {
+    const QPoint pos = list->visualItemRect(list->item(row)).center();
+    QMouseEvent move(QEvent::MouseMove, pos, list->viewport()->mapToGlobal(pos), Qt::NoButton,
+                     Qt::NoButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(list->viewport(), &move);
+}
+
+std::string twoPlanets() {
+    return section(1, {"ResponsesHail=1", "ResponseHail1=Hi*MTrade"}) +
+           section(2, {"Messages=1", "Message1=Two"});
+}
+
+}  // namespace
+
+class MessageEditorLifecycleTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void initTestCase() { QStandardPaths::setTestModeEnabled(true); }
+
+    void openingSetsCaptionAndSwitch() {
+        MessageEditorFixture f;
+        frmMessages& editor = f.open(2, true);
+        QCOMPARE(editor.windowTitle(), QStringLiteral("Planet Messages - Nova II"));
+        QVERIFY(editor.customMessages());
+        QVERIFY(f.find<QTimer>("tmrAnim")->isActive());
+        // Their windows are not part of the editor yet.
+        QVERIFY(!f.enabled("cmdTest"));
+        QVERIFY(!f.enabled("cmdEditRoom"));
+        QVERIFY(!f.enabled("cmdWizard"));
+        QCOMPARE(f.find<QPushButton>("cmdEditRoom")->text(), QStringLiteral("Edit R&oom"));
+        f.click("cmdClose");
+        QVERIFY(!f.find<QTimer>("tmrAnim")->isActive());
+        // Opening only shows the value it was given; nothing is written.
+        QCOMPARE(f.store.GetGeneralFlag(kMessagesFlag, 2), 0);
+    }
+
+    void theSwitchIsWrittenWhenClicked() {
+        MessageEditorFixture f;
+        f.open(2);
+        f.click("chkCustom");
+        QCOMPARE(f.store.GetGeneralFlag(kMessagesFlag, 2), 1);
+        QVERIFY(f.descriptor().find("Messages=NYN") != std::string::npos);
+        f.click("chkCustom");
+        QCOMPARE(f.store.GetGeneralFlag(kMessagesFlag, 2), 0);
+    }
+
+    void groupsAreReadAgainOnlyWhenNeeded() {
+        MessageEditorFixture f(twoPlanets());
+        f.open(1);
+        MessageEditSession& session = f.window().session();
+        QCOMPARE(session.scanCount(), 1);
+        f.click("cmdClose");
+        // A group made behind the editor's back is not seen on the same planet and system...
+        QVERIFY(f.store.WriteKey("1", "ResponsesHail", "2"));
+        QVERIFY(f.store.WriteKey("1", "ResponseHail2", "Bye*MFarewell"));
+        f.open(1);
+        QCOMPARE(session.scanCount(), 1);
+        QVERIFY(!f.items("cboGroup").contains(QStringLiteral("Farewell")));
+        f.click("cmdClose");
+        // ... but another planet is read, and so is the first again afterwards.
+        f.open(2);
+        QCOMPARE(session.scanCount(), 2);
+        QCOMPARE(f.entries(), QStringList{QStringLiteral("Two")});
+        f.click("cmdClose");
+        f.open(1);
+        QCOMPARE(session.scanCount(), 3);
+        QVERIFY(f.items("cboGroup").contains(QStringLiteral("Farewell")));
+        f.click("cmdClose");
+
+        // Another system (told by the main window, or by its display name) is read again.
+        f.window().markForReload();
+        f.open(1);
+        QCOMPARE(session.scanCount(), 4);
+        f.click("cmdClose");
+        f.store.record().setDisplayName("Nova Prime");
+        f.open(1);
+        QCOMPARE(session.scanCount(), 5);
+    }
+
+    void theReloadMarkLastsUntilCancelOrClose() {
+        MessageEditorFixture f(twoPlanets());
+        f.open(1);
+        MessageEditSession& session = f.window().session();
+        QVERIFY(session.reloadMarked());
+        // Coming back from a chooser changes nothing, even with the mark set.
+        f.click("cmdNew");
+        f.attach("*SF");
+        f.find<QListWidget>("lstSpecial")->setCurrentRow(0);
+        f.onDialog([](QDialog& dialog) { dialog.reject(); });
+        f.click("cmdSpEdit");
+        QCOMPARE(session.scanCount(), 1);
+        QVERIFY(session.isEditing());
+        // Coming back from another window (room editor, wizard) reads the groups again.
+        f.click("cmdCancel");
+        QVERIFY(!session.reloadMarked());
+        f.window().windowActivated();
+        QCOMPARE(session.scanCount(), 1);
+        f.window().markForReload();
+        f.window().windowActivated();
+        QCOMPARE(session.scanCount(), 2);
+    }
+
+    void theLauncherReusesOneEditorPerWindow() {
+        MessageEditorFixture f(twoPlanets());
+        QVERIFY(f.store.SetGeneralFlag(kMessagesFlag, 2, 3, true));
+        QWidget mainWindow;
+        frmMessages& editor = messageEditorFor(&mainWindow, f.store);
+        QCOMPARE(&messageEditorFor(&mainWindow, f.store), &editor);
+        editor.setProgramSpecialList(f.root() / "program" / "SPECIAL.LST");
+        int runs = 0;
+        editor.setDialogRunner([&](QDialog& dialog) {
+            ++runs;
+            QCOMPARE(&dialog, static_cast<QDialog*>(&editor));
+            QCOMPARE(dialog.windowTitle(), QStringLiteral("Planet Messages - Nova II"));
+            auto* box = dialog.findChild<QCheckBox*>("chkCustom");
+            QVERIFY(box->isChecked());
+            box->click();
+            dialog.findChild<QPushButton*>("cmdClose")->click();
+        });
+        QVERIFY(!openMessageEditor(&mainWindow, f.store, 2));
+        QCOMPARE(runs, 1);
+        QCOMPARE(f.store.GetGeneralFlag(kMessagesFlag, 2), 0);
+        // The planet dialog hands over its own box's value.
+        editor.setDialogRunner([](QDialog& dialog) { dialog.reject(); });
+        QVERIFY(openMessageEditor(&mainWindow, f.store, 1, true));
+        QCOMPARE(editor.windowTitle(), QStringLiteral("Planet Messages - Nova I"));
+    }
+
+    void theDirectionPictureFollowsTheDirection() {
+        MessageEditorFixture f;
+        f.open(1);
+        auto* picture = f.find<DirectionPicture>("picDirection");
+        QCOMPARE(picture->direction(), Direction::Message);
+        QTRY_VERIFY(picture->frame() > 0);
+        f.chooseDirection(1);
+        QCOMPARE(picture->direction(), Direction::Information);
+        QTRY_VERIFY(!picture->questionMarkShown());
+        QTRY_VERIFY(picture->questionMarkShown());
+        f.chooseDirection(2);
+        QCOMPARE(picture->direction(), Direction::Response);
+        QVERIFY(!picture->grab().isNull());
+    }
+
+    void longEntriesShowATooltip() {
+        std::string longText;
+        while (longText.size() < 200) longText += "far away ";
+        longText.resize(200);
+        MessageEditorFixture f(
+            section(1, {"Messages=2", "Message1=Short", ("Message2=" + longText).c_str()}));
+        frmMessages& editor = f.open(1);
+        editor.resize(700, 500);
+        QCoreApplication::processEvents();
+        auto* list = f.find<QListWidget>("lstMessages");
+        auto* tip = f.find<LongEntryToolTip>("picTooltip");
+        moveOver(list, 0);
+        QVERIFY(!tip->isVisible());
+        moveOver(list, 1);
+        QVERIFY(tip->isVisible());
+        QCOMPARE(f.find<QLabel>("lblTooltip")->text().size(), 200);
+        // Wrapped inside the window.
+        QVERIFY(tip->geometry().right() <= editor.width());
+        QVERIFY(tip->height() > list->visualItemRect(list->item(1)).height());
+        // A click on the tooltip selects the entry it covers.
+        QTest::mouseClick(tip, Qt::LeftButton);
+        QCOMPARE(list->currentRow(), 1);
+        QVERIFY(f.enabled("cmdEdit"));
+        f.click("cmdEdit");
+        QVERIFY(!tip->isVisible());
+    }
+};
+
+QTEST_MAIN(MessageEditorLifecycleTest)
+#include "MessageEditorLifecycleTest.moc"

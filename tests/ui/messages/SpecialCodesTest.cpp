@@ -1,0 +1,208 @@
+// The "Actions" frame: which codes may be attached, the conflicts between them, editing their
+// arguments with the system chooser, the input box and the flag chooser, and an editor without
+// any special-code list.
+
+#include <QtTest>
+
+#include <QComboBox>
+#include <QListWidget>
+#include <QPushButton>
+#include <QRadioButton>
+
+#include "messages/frmFlag.h"
+#include "messages/frmSystem.h"
+#include "support/MessageEditorFixture.h"
+
+using namespace orr;
+using namespace orr::ui;
+using orr::test::MessageEditorFixture;
+using orr::test::section;
+
+namespace {
+
+int indexOfCode(QComboBox* combo, const QString& code) {
+    for (int i = 0; i < combo->count(); ++i)
+        if (combo->itemText(i).startsWith(code + QStringLiteral(" - "))) return i;
+    return -1;
+}
+
+void selectAttached(MessageEditorFixture& f, int row) {
+    f.find<QListWidget>("lstSpecial")->setCurrentRow(row);
+}
+
+}  // namespace
+
+class SpecialCodesTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void initTestCase() { QStandardPaths::setTestModeEnabled(true); }
+
+    void conflictingRestrictionsAreRefused() {
+        MessageEditorFixture f;
+        f.open(1);
+        f.click("cmdNew");
+        f.attach("%GN");
+        f.attach("%GE");
+        QCOMPARE(f.prompts.messageTexts(),
+                 QStringList{QStringLiteral("You cannot have more than one direction marker.")});
+        f.attach("%45");
+        f.attach("%45");
+        QCOMPARE(f.prompts.messageTexts().last(),
+                 QStringLiteral("You cannot have more than one of the same restriction."));
+        f.attach("%F");
+        f.attach("%F");  // several flag restrictions may stand together
+        f.attach("*SF");
+        f.attach("*SF");  // actions are never in conflict
+        QCOMPARE(f.prompts.messageTexts().size(), 2);
+        QCOMPARE(f.attached().size(), 6);
+        QCOMPARE(f.prompts.asked().front().icon, PromptIcon::Exclamation);
+    }
+
+    void responsesCarryOnlyRestrictions() {
+        MessageEditorFixture f;
+        f.open(1);
+        f.chooseDirection(2);
+        f.click("cmdNew");
+        auto* combo = f.find<QComboBox>("cboSpecial");
+        combo->setCurrentIndex(indexOfCode(combo, QStringLiteral("*SF")));
+        QVERIFY(!f.enabled("cmdSpAdd"));
+        combo->setCurrentIndex(indexOfCode(combo, QStringLiteral("^EN")));
+        QVERIFY(!f.enabled("cmdSpAdd"));
+        combo->setCurrentIndex(indexOfCode(combo, QStringLiteral("%F")));
+        QVERIFY(f.enabled("cmdSpAdd"));
+        f.click("cmdSpAdd");
+        QCOMPARE(f.attached().size(), 1);
+    }
+
+    void aHeadingPassesTheChoiceOn() {
+        MessageEditorFixture f;
+        f.open(1);
+        f.click("cmdNew");
+        auto* combo = f.find<QComboBox>("cboSpecial");
+        QVERIFY(combo->isEnabled());
+        QCOMPARE(combo->itemText(0), QStringLiteral("Restrictions"));
+        QVERIFY(!f.enabled("cmdSpAdd"));  // nothing chosen yet
+        combo->setCurrentIndex(0);
+        QCOMPARE(combo->currentIndex(), 1);
+        QVERIFY(f.enabled("cmdSpAdd"));
+    }
+
+    void attachedCodesAreEditedAndRemoved() {
+        MessageEditorFixture f(section(1, {"Messages=1", "Message1=Hit!*DS3*H12"}));
+        f.open(1);
+        f.select(0);
+        f.click("cmdEdit");
+        QCOMPARE(f.attached().size(), 2);
+        QVERIFY(f.attached().at(0).contains(QStringLiteral("(S3)")));
+        QVERIFY(!f.enabled("cmdSpEdit"));
+
+        // "(S3)" opens the system chooser on Long Range Scanners.
+        selectAttached(f, 0);
+        QVERIFY(f.enabled("cmdSpEdit"));
+        f.onDialog([](QDialog& dialog) {
+            auto& chooser = dynamic_cast<frmSystem&>(dialog);
+            QVERIFY(chooser.optSys[3]->isChecked());
+            QCOMPARE(chooser.optSys[3]->text(), QStringLiteral("Long Range Scanners"));
+            chooser.optSys[6]->click();
+            chooser.cmdOK->click();
+        });
+        f.click("cmdSpEdit");
+        QCOMPARE(f.dialogsRun(), 1);
+        QVERIFY(f.attached().at(0).contains(QStringLiteral("(S6)")));
+
+        // "(12)" asks in an input box; Cancel keeps the old argument.
+        selectAttached(f, 1);
+        f.prompts.answerInput(std::nullopt);
+        f.click("cmdSpEdit");
+        QCOMPARE(f.prompts.asked().back().caption, QStringLiteral("Edit Action"));
+        QCOMPARE(f.prompts.asked().back().text, QStringLiteral("Enter new value:"));
+        QCOMPARE(f.prompts.asked().back().defaultText, QStringLiteral("12"));
+        QVERIFY(f.attached().at(1).contains(QStringLiteral("(12)")));
+        f.prompts.answerInput(QStringLiteral("40"));
+        f.click("cmdSpEdit");
+        QVERIFY(f.attached().at(1).contains(QStringLiteral("(40)")));
+        // An argument that would end the code early is refused.
+        f.prompts.answerInput(QStringLiteral("4*0"));
+        f.prompts.answerMessage(PromptAnswer::Ok);
+        f.click("cmdSpEdit");
+        QVERIFY(f.attached().at(1).contains(QStringLiteral("(40)")));
+        QCOMPARE(f.prompts.messageTexts().size(), 1);
+
+        f.click("cmdSave");
+        QCOMPARE(f.key(1, "Message1"), std::string("Hit!*DS6*H40"));
+
+        // Removing moves the selection to the entry that took its place.
+        f.click("cmdEdit");
+        selectAttached(f, 0);
+        f.click("cmdSpDelete");
+        QCOMPARE(f.attached().size(), 1);
+        QCOMPARE(f.find<QListWidget>("lstSpecial")->currentRow(), 0);
+        f.click("cmdSpDelete");
+        QVERIFY(!f.enabled("cmdSpDelete"));
+        f.click("cmdSave");
+        QCOMPARE(f.key(1, "Message1"), std::string("Hit!"));
+        QCOMPARE(f.prompts.unexpectedCount(), 0);
+    }
+
+    void aFlagArgumentUsesTheFlagChooser() {
+        MessageEditorFixture f(
+            section(1, {"Messages=1", "Message1=%F7Go on.", "Flag7=Met the envoy"}));
+        f.open(1);
+        f.select(0);
+        f.click("cmdEdit");
+        selectAttached(f, 0);
+        f.onDialog([](QDialog& dialog) {
+            auto& chooser = dynamic_cast<frmFlag&>(dialog);
+            QCOMPARE(chooser.cboFlag->currentIndex(), 33);
+            QCOMPARE(chooser.cboFlag->currentText(), QStringLiteral("7 - Met the envoy"));
+            chooser.close();  // the close box: the flag passed in comes back
+        });
+        f.click("cmdSpEdit");
+        QVERIFY(f.attached().at(0).contains(QStringLiteral("[7]")));
+        f.click("cmdSave");
+        QCOMPARE(f.key(1, "Message1"), std::string("%F7Go on."));
+    }
+
+    void withoutAListTheEditorStillOpens() {
+        MessageEditorFixture f(section(1, {"Messages=1", "Message1=%FAHello*SFB"}),
+                               MessageEditorFixture::SpecialList::Missing);
+        f.open(1);
+        QCOMPARE(f.prompts.messageTexts().size(), 1);
+        QVERIFY(f.prompts.messageTexts().front().contains(QStringLiteral("SPECIAL.LST")));
+        QVERIFY(f.prompts.messageTexts().front().contains(QStringLiteral("cannot be attached")));
+        auto* combo = f.find<QComboBox>("cboSpecial");
+        QCOMPARE(combo->count(), 0);
+        f.click("cmdNew");
+        QVERIFY(!combo->isEnabled());
+        QVERIFY(!f.enabled("cmdSpAdd"));
+        f.click("cmdCancel");
+
+        // Said once only; a stored line keeps its codes unless the designer agrees to lose them.
+        f.click("cmdClose");
+        f.open(1);
+        QCOMPARE(f.prompts.messageTexts().size(), 1);
+        f.select(0);
+        f.click("cmdEdit");
+        f.prompts.answerMessage(PromptAnswer::No);
+        f.click("cmdSave");
+        QVERIFY(f.prompts.messageTexts().last().contains(QStringLiteral("%FA")));
+        QVERIFY(f.prompts.messageTexts().last().contains(QStringLiteral("*SFB")));
+        QCOMPARE(f.key(1, "Message1"), std::string("%FAHello*SFB"));
+    }
+
+    void theProgramsOwnListIsUsedWhenTheGameHasNone() {
+        MessageEditorFixture f({}, MessageEditorFixture::SpecialList::Missing);
+        const auto copy = f.root() / "program" / "SPECIAL.LST";
+        std::filesystem::create_directories(copy.parent_path());
+        std::filesystem::copy_file(
+            std::filesystem::path(ORRERION_SOURCE_DIR) / "data" / "SPECIAL.LST", copy);
+        f.open(1);
+        QCOMPARE(f.prompts.messageTexts().size(), 0);
+        QVERIFY(f.find<QComboBox>("cboSpecial")->count() > 0);
+        QCOMPARE(f.window().specialCodes().source(), copy);
+    }
+};
+
+QTEST_MAIN(SpecialCodesTest)
+#include "SpecialCodesTest.moc"
