@@ -245,9 +245,8 @@ void MessageEditSession::fillMessageList() {
     {
         const Loading loading(loading_);
         w_.lstMessages->clear();
-        w_.fraActions->clearEntries();
         w_.txtMessage->clear();
-        w_.cboAnswerGroup->setEditText(QString());
+        form_.reset();  // no line selected: the options show nothing of the last group's lines
         MessageList lines = list();
         if (direction_ == Direction::Information) {
             const std::string info = lines.line(1);

@@ -115,6 +115,8 @@ void MessageLineForm::reset() {
     MessageLine empty;
     customTitle_.clear();
     show(empty);
+    w_.lblLength->setText(QStringLiteral("Length: 0"));
+    hideError();
 }
 
 MessageLine MessageLineForm::read(const std::string& text) const {

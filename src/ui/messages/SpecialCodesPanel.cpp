@@ -88,7 +88,10 @@ void SpecialCodesPanel::setEntries(std::vector<SpecialEntry> entries) {
 void SpecialCodesPanel::showAttached(int selectRow) {
     const QSignalBlocker blocker(lstSpecial);
     lstSpecial->clear();
-    for (const SpecialEntry& entry : attached_) lstSpecial->addItem(toQString(entry.line()));
+    for (const SpecialEntry& entry : attached_) {
+        auto* item = new QListWidgetItem(toQString(entry.line()), lstSpecial);
+        item->setToolTip(item->text());  // the descriptions are longer than the frame is wide
+    }
     lstSpecial->setCurrentRow(selectRow);
     attachedSelected(selectRow);
 }

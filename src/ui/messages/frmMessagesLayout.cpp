@@ -241,16 +241,17 @@ QWidget* frmMessages::buildOptionFrames() {
     cboAnswerGroup->setCompleter(nullptr);
     lblAnswer->setBuddy(cboAnswerGroup);
     auto* options = new QGridLayout(fraOptions);
-    options->addWidget(lblWaitFor, 0, 0);
-    options->addWidget(lblWait, 1, 0);
-    options->addWidget(vsbWait, 0, 1, 2, 1);
-    options->addWidget(lblIncluded, 0, 2);
-    options->addWidget(lblPercent, 1, 2);
-    options->addWidget(vsbPercent, 0, 3, 2, 1);
+    // Each bar stands left of the two labels that describe it.
+    options->addWidget(vsbWait, 0, 0, 2, 1);
+    options->addWidget(lblWaitFor, 0, 1);
+    options->addWidget(lblWait, 1, 1);
+    options->addWidget(vsbPercent, 0, 2, 2, 1);
+    options->addWidget(lblIncluded, 0, 3);
+    options->addWidget(lblPercent, 1, 3);
     options->addWidget(lblAnswer, 2, 0, 1, 4);
     options->addWidget(cboAnswerGroup, 3, 0, 1, 4);
-    options->setColumnStretch(0, 1);
-    options->setColumnStretch(2, 1);
+    options->setColumnStretch(1, 1);
+    options->setColumnStretch(3, 1);
 
     fraDisplay =
         named(new QGroupBox(QStringLiteral("Display"), column), QStringLiteral("fraDisplay"));
