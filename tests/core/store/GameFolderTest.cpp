@@ -1,49 +1,53 @@
+// The game folder as Windows leaves it, and the game's list of systems SOLARSYS.TXT: records,
+// keys, the offer of replaceable systems and every kind of damage that ends the list.
 #include "store/GameFolder.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
+#include "store/SystemList.h"
 #include "support/GameFolderFixture.h"
 
 namespace orr {
 namespace {
 
+using test::crlf;
 using test::TempGameFolder;
 using test::writeBytes;
+using Keys = std::vector<std::string>;
 
-TEST(GameFolderTest, FindsItemsWhateverTheirLetterCase) {
+class GameFolderTest : public ::testing::Test {
+  protected:
+    Keys keysOf(std::string_view bytes) {
+        writeBytes(game.root() / "SOLARSYS.TXT", bytes);
+        Keys keys;
+        for (const ListedSystem& s : ReadSystemList(game.root() / "SOLARSYS.TXT"))
+            keys.push_back(s.key);
+        return keys;
+    }
+
     TempGameFolder game;
+};
+
+TEST_F(GameFolderTest, FindsItemsWhateverTheirLetterCase) {
     fs::rename(game.root() / "SOLARSYS.TXT", game.root() / "SolarSys.txt");
     fs::rename(game.root() / "ORBDescriptor", game.root() / "orbdescriptor");
     fs::rename(game.root() / "voidrunner.exe", game.root() / "VOIDRUNNER.EXE");
-
+    writeBytes(game.root() / "ALIENS.TXT", "upper");
     const GameFolder folder(game.root());
     EXPECT_EQ(folder.systemList(), game.root() / "SolarSys.txt");
     EXPECT_EQ(folder.descriptorFolder(), game.root() / "orbdescriptor");
     EXPECT_TRUE(folder.hasGameExecutable());
-}
-
-TEST(GameFolderTest, MissingItemsGetTheNamesTheGameUses) {
-    TempGameFolder game;
+    // The exact name wins over other cases.
+    EXPECT_EQ(folder.alienNames(), game.root() / "aliens.txt");
+    EXPECT_EQ(GameFolder::findInFolder(game.root(), "Aliens.Txt"), game.root() / "ALIENS.TXT");
+    // Missing items get the names the game uses.
     fs::remove_all(game.root() / "PICTURES");
-    const GameFolder folder(game.root());
     EXPECT_EQ(folder.picturesFolder(), game.root() / "PICTURES");
-    EXPECT_EQ(folder.installer(), game.root() / "ORBInst.dat");
-    EXPECT_EQ(folder.specialCodes(), game.root() / "SPECIAL.LST");
     EXPECT_EQ(GameFolder::findInFolder(game.root() / "absent", "X.orb"),
               game.root() / "absent" / "X.orb");
 }
 
-TEST(GameFolderTest, ExactNameWinsOverOtherCases) {
-    TempGameFolder game;
-    writeBytes(game.root() / "ALIENS.TXT", "upper");
-    EXPECT_EQ(GameFolder(game.root()).alienNames(), game.root() / "aliens.txt");
-    EXPECT_EQ(GameFolder::findInFolder(game.root(), "Aliens.Txt"), game.root() / "ALIENS.TXT");
-}
-
-TEST(GameFolderTest, WithoutExecutableTheFolderIsNoGameFolder) {
-    TempGameFolder game;
+TEST_F(GameFolderTest, WithoutExecutableTheFolderIsNoGameFolder) {
     fs::remove(game.root() / "voidrunner.exe");
     EXPECT_FALSE(GameFolder(game.root()).hasGameExecutable());
     fs::create_directory(game.root() / "voidrunner.exe");
@@ -51,22 +55,125 @@ TEST(GameFolderTest, WithoutExecutableTheFolderIsNoGameFolder) {
     EXPECT_FALSE(GameFolder().hasGameExecutable());
 }
 
-TEST(GameFolderTest, ListsFilesByExtensionInFolderOrder) {
-    TempGameFolder game;
+TEST_F(GameFolderTest, ListsFilesByExtensionInFolderOrder) {
     const fs::path dir = game.descriptors();
-    for (const char* name : {"Sol.orb", "Vega.ORB", "Nova.orb.bak", ".orb", "Rigel.edt"}) {
+    for (const char* name : {"Sol.orb", "Vega.ORB", "Nova.orb.bak", ".orb", "Rigel.edt"})
         writeBytes(dir / name, "");
-    }
     fs::create_directory(dir / "Folder.orb");
-
-    std::vector<std::string> expected;
+    Keys expected;
     for (const auto& entry : fs::directory_iterator(dir)) {
         const std::string name = entry.path().filename().string();
         if (name == "Sol.orb" || name == "Vega.ORB") expected.push_back(name);
     }
     EXPECT_EQ(GameFolder::filesWithExtension(dir, ".orb"), expected);
-    EXPECT_EQ(GameFolder::filesWithExtension(dir, ".edt"), std::vector<std::string>{"Rigel.edt"});
+    EXPECT_EQ(GameFolder::filesWithExtension(dir, ".edt"), Keys{"Rigel.edt"});
     EXPECT_TRUE(GameFolder::filesWithExtension(game.root() / "absent", ".orb").empty());
+}
+
+TEST_F(GameFolderTest, SystemListGivesRecordsAndKeys) {
+    const auto systems = ReadSystemList(game.root() / "SOLARSYS.TXT");
+    ASSERT_EQ(systems.size(), 4u);
+    EXPECT_EQ(systems[0].key, "9Sol");
+    EXPECT_EQ(systems[1].key, "0Vega");
+    EXPECT_EQ(systems[2].key, "1Hidden #1");
+    EXPECT_EQ(systems[3].key, "3Sol");  // same name, other count: another key
+    const SystemRecord& sol = systems[0].record;
+    EXPECT_EQ(sol.Name, "9Sol");
+    EXPECT_EQ(sol.DisplayName, "Sol" + std::string(17, ' '));
+    EXPECT_EQ(sol.PlanetCount, 9);
+    EXPECT_EQ(sol.planet(3), (PlanetRecord{560, 3, 1, 46087, 13, 5, 0}));
+    EXPECT_EQ(sol.planet(9).Position, 1800);
+    EXPECT_EQ(systems[1].record.StarType, 1);
+}
+
+TEST_F(GameFolderTest, SystemListFieldRules) {
+    // Quoted commas, blanks before fields, blanks after numbers, text after a closing quote.
+    EXPECT_EQ(keysOf(crlf({"  \"Alpha, Beta\" ,  2 , 1 ", " 400 ,2,0,0,1,0"})),
+              Keys{"1Alpha, Beta"});
+    EXPECT_EQ(keysOf("\"  Padded  \",0,0\n\"Lf\",0,1\n400,2,0,0,1,0\n"), (Keys{"0Padded", "1Lf"}));
+    EXPECT_EQ(keysOf("\"Cr\",0,0\r\"Next\",0,0"), (Keys{"0Cr", "0Next"}));
+    EXPECT_EQ(keysOf(crlf({"\"Sol\"junk,0,0"})), Keys{"0Sol"});
+    EXPECT_EQ(keysOf(crlf({"\"A\",0,0", "", "   ", "\"B\",0,0", ""})), (Keys{"0A", "0B"}));
+    EXPECT_EQ(keysOf(crlf({"Bare Name ,0,0"})), Keys{"0Bare Name"});
+    // Long names are cut before the key is formed; 8-bit bytes and NUL are kept.
+    EXPECT_EQ(keysOf(crlf({"\"" + std::string(100 * 1024, 'x') + "\",0,0", "\"After\",0,0"})),
+              (Keys{"0" + std::string(20, 'x'), "0After"}));
+    EXPECT_EQ(keysOf(std::string("\"K\xe4p\0t\",0,0\r\n", 14)), Keys{std::string("0K\xe4p\0t", 6)});
+    // The widest values that do fit are accepted.
+    EXPECT_EQ(keysOf(crlf({"\"Edge\",7,1", "-32768,32767,0,-2147483648,0,2147483647"})),
+              Keys{"1Edge"});
+}
+
+TEST_F(GameFolderTest, MalformedRecordEndsTheSystemList) {
+    const std::string good = crlf({"\"Good\",0,1", "400,2,0,0,1,0"});
+    const std::string badTails[] = {
+        "\"Bad\",x,0",                            // star type not a number
+        "\"Bad\",8,0",                            // star type out of range
+        "\"Bad\",0,11",                           // more than ten planets
+        "\"Bad\",0,-1",                           // negative count
+        "\"Bad\",0",                              // missing field
+        "\"Bad\",0,0,0",                          // one field too many
+        "\"Bad\",0,1\r\n400,2,0,0,1",             // planet line short of a field
+        "\"Bad\",0,1\r\n40000,2,0,0,1,0",         // 16-bit field overflows
+        "\"Bad\",0,1\r\n400,2,0,2147483648,1,0",  // 32-bit field overflows
+        "\"Bad\",0,1\r\n400,2.5,0,0,1,0",         // not a plain integer
+        "\"Bad\",0,1\r\n400,&H2,0,0,1,0",
+        "\"Bad\",0,2\r\n400,2,0,0,1,0",   // fewer planet lines than the count
+        "\"Bad\",0,1\r\n400,2,0,0,1,0,",  // trailing comma adds a field
+        "\"Bad\",0,1\r\n" + std::string(100 * 1024, '7') + ",2,0,0,1,0",
+    };
+    for (const std::string& tail : badTails) {
+        EXPECT_EQ(keysOf(good + tail + "\r\n\"Later\",0,0\r\n"), Keys{"1Good"}) << tail;
+    }
+    // The offer stops there too, whatever the list's letter case.
+    fs::rename(game.root() / "SOLARSYS.TXT", game.root() / "solarsys.txt");
+    EXPECT_EQ(OfferedSystems(game.folder()), Keys{"1Good"});
+}
+
+TEST_F(GameFolderTest, MissingOrEmptySystemListGivesNoSystems) {
+    EXPECT_TRUE(keysOf("\r\n\r\n").empty());
+    fs::remove(game.root() / "SOLARSYS.TXT");
+    EXPECT_TRUE(ReadSystemList(game.root() / "SOLARSYS.TXT").empty());
+    EXPECT_TRUE(OfferedSystems(game.folder()).empty());
+    SystemRecord record;
+    record.Name = "Mine";
+    const SystemRecord before = record;
+    EXPECT_FALSE(FindListedSystem(game.folder(), "9Sol", record));
+    EXPECT_EQ(record, before);
+}
+
+TEST_F(GameFolderTest, FindListedSystemCopiesTheRecordOfTheExactKey) {
+    SystemRecord record;
+    record.Name = "Mine";
+    record.planet(10).Moons = 7;
+    record.planet(2).TestFlags = 0x80;
+    const SystemRecord before = record;
+    for (const char* key : {"", "9sol", "Sol", "8Sol"})
+        EXPECT_FALSE(FindListedSystem(game.folder(), key, record)) << key;
+    EXPECT_EQ(record, before);
+
+    ASSERT_TRUE(FindListedSystem(game.folder(), "9Sol", record));
+    EXPECT_EQ(record.Name, "9Sol");
+    EXPECT_EQ(record.PlanetCount, 9);
+    EXPECT_EQ(record.planet(3).Attributes, 46087);
+    EXPECT_EQ(record.planet(10).Moons, 7);         // slot beyond the count keeps its value
+    EXPECT_EQ(record.planet(2).TestFlags, 0x80u);  // never part of a file
+    // Slots beyond the count keep what earlier records of the list put there, as in the game.
+    ASSERT_TRUE(FindListedSystem(game.folder(), "3Sol", record));
+    EXPECT_EQ(record.PlanetCount, 3);
+    EXPECT_EQ(record.planet(4).Position, 700);  // from 9Sol
+    EXPECT_EQ(record.StarType, 3);
+    // A "#" record is hidden from the offer but still found by its key.
+    ASSERT_TRUE(FindListedSystem(game.folder(), "1Hidden #1", record));
+    EXPECT_EQ(record.trimmedDisplayName(), "Hidden #1");
+}
+
+TEST_F(GameFolderTest, OffersListedSystemsWithoutDescriptor) {
+    EXPECT_EQ(OfferedSystems(game.folder()), (Keys{"9Sol", "0Vega", "3Sol"}));
+    writeBytes(game.descriptor("9Sol.orb"), "");
+    writeBytes(game.descriptor("0VEGA.ORB"), "");  // the folder ignores case
+    writeBytes(game.descriptor("3Sol.edt"), "");   // a working copy is no saved descriptor
+    EXPECT_EQ(OfferedSystems(game.folder()), Keys{"3Sol"});
 }
 
 }  // namespace

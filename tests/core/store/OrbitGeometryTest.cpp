@@ -86,23 +86,6 @@ TEST(OrbitGeometryTest, DragWithoutRoomKeepsTheOrbit) {
     EXPECT_EQ(OrbitGeometry::dragPosition(record, 4, 1000, kPixel), 0);  // no such planet
 }
 
-TEST(OrbitGeometryTest, BeltLooksTheSameEveryTime) {
-    const double angle = OrbitGeometry::planetAngle(2, 3);
-    const auto first = OrbitGeometry::beltArcs(600, angle);
-    const auto second = OrbitGeometry::beltArcs(600, angle);
-    ASSERT_EQ(first.size(), second.size());
-    for (std::size_t i = 0; i < first.size(); ++i) {
-        EXPECT_EQ(first[i].radius, second[i].radius);
-        EXPECT_EQ(first[i].startAngle, second[i].startAngle);
-    }
-    // Another planet angle gives another pattern.
-    const auto other = OrbitGeometry::beltArcs(600, OrbitGeometry::planetAngle(1, 3));
-    bool differs = other.size() != first.size();
-    for (std::size_t i = 0; !differs && i < first.size(); ++i)
-        differs = other[i].startAngle != first[i].startAngle || other[i].radius != first[i].radius;
-    EXPECT_TRUE(differs);
-}
-
 TEST(OrbitGeometryTest, BeltArcsLieOnThreeRingsWithAboutOneInFiveFilled) {
     const int position = 600;
     const auto arcs = OrbitGeometry::beltArcs(position, 0);
@@ -118,16 +101,22 @@ TEST(OrbitGeometryTest, BeltArcsLieOnThreeRingsWithAboutOneInFiveFilled) {
     EXPECT_GT(share, 0.12);
     EXPECT_LT(share, 0.28);
     EXPECT_TRUE(OrbitGeometry::beltArcs(0, 0).empty());
-}
 
-TEST(OrbitGeometryTest, SeededFractionStaysInUnitRange) {
+    // The same planet angle always gives the same rocks, another angle others.
+    const auto starts = [](const std::vector<OrbitGeometry::Arc>& list) {
+        std::vector<std::pair<double, double>> out;
+        for (const auto& arc : list) out.emplace_back(arc.radius, arc.startAngle);
+        return out;
+    };
+    const double angle = OrbitGeometry::planetAngle(2, 3);
+    EXPECT_EQ(starts(OrbitGeometry::beltArcs(600, angle)),
+              starts(OrbitGeometry::beltArcs(600, angle)));
+    EXPECT_NE(starts(OrbitGeometry::beltArcs(600, angle)), starts(arcs));
     for (long long seed : {-100000LL, -1LL, 0LL, 1LL, 123456789LL}) {
         const double f = OrbitGeometry::seededFraction(seed);
         EXPECT_GE(f, 0.0);
         EXPECT_LT(f, 1.0);
-        EXPECT_EQ(f, OrbitGeometry::seededFraction(seed));
     }
-    EXPECT_NE(OrbitGeometry::seededFraction(-6000), OrbitGeometry::seededFraction(-6001));
 }
 
 }  // namespace

@@ -2,17 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include <initializer_list>
+#include "support/GameFolderFixture.h"
 
 namespace orr {
 namespace {
 
-// Lines joined with CR LF, each line ended.
-std::string lines(std::initializer_list<std::string_view> list) {
-    std::string out;
-    for (std::string_view line : list) out.append(line).append("\r\n");
-    return out;
-}
+using test::crlf;
 
 std::string afterWrite(std::string_view original, std::string_view section, std::string_view key,
                        std::string_view value) {
@@ -22,25 +17,12 @@ std::string afterWrite(std::string_view original, std::string_view section, std:
 }
 
 // A descriptor as the editor creates it, with a name section and one planet section.
-const std::string kDescriptor = lines({
-    "[General]",
-    "PlanetPics = NNN",
-    "Messages = NNN",
-    "",
-    ";SolarSystem",
-    ";\"Sol                 \",0,3",
-    ";400,2,0,0,1,0",
-    ";430,2,0,0,1,0",
-    ";460,2,0,0,1,0",
-    "[Names]",
-    "S=Sol",
-    "3=Vega",
-    "[1]",
-    "MessagesHail=1",
-    "MessageHail1=Greetings.",
-});
+const std::string kDescriptor =
+    crlf({"[General]", "PlanetPics = NNN", "Messages = NNN", "", ";SolarSystem",
+          ";\"Sol                 \",0,3", ";400,2,0,0,1,0", ";430,2,0,0,1,0", ";460,2,0,0,1,0",
+          "[Names]", "S=Sol", "3=Vega", "[1]", "MessagesHail=1", "MessageHail1=Greetings."});
 
-TEST(ProfileDocumentTest, SerializesExactlyWhatItParsed) {
+TEST(ProfileDocumentTest, SerializesExactlyWhatItParsedWithEachLinesOwnEnd) {
     const std::string samples[] = {
         "",
         "[General]",
@@ -53,9 +35,6 @@ TEST(ProfileDocumentTest, SerializesExactlyWhatItParsed) {
     for (const std::string& bytes : samples) {
         EXPECT_EQ(ProfileDocument::parse(bytes).serialize(), bytes);
     }
-}
-
-TEST(ProfileDocumentTest, EveryLineKeepsItsOwnLineEnd) {
     const auto doc = ProfileDocument::parse("a\r\nb\nc\rd\n\re");
     ASSERT_EQ(doc.lines().size(), 6u);
     const char* texts[] = {"a", "b", "c", "d", "", "e"};
@@ -64,8 +43,6 @@ TEST(ProfileDocumentTest, EveryLineKeepsItsOwnLineEnd) {
         EXPECT_EQ(doc.lines()[i].text, texts[i]) << i;
         EXPECT_EQ(doc.lines()[i].eol, ends[i]) << i;
     }
-    EXPECT_TRUE(ProfileDocument::parse("").lines().empty());
-    EXPECT_EQ(ProfileDocument::parse("x\r\n").lines().size(), 1u);
 }
 
 TEST(ProfileDocumentTest, ReadsWithTheProfileFunctionsRules) {
@@ -91,7 +68,6 @@ TEST(ProfileDocumentTest, ReadsWithTheProfileFunctionsRules) {
     EXPECT_EQ(doc.readValue("General", "no equals sign here"), std::nullopt);
     EXPECT_EQ(doc.readValue("General", "Other"), std::nullopt) << "the first [General] wins";
     EXPECT_EQ(doc.readValue("General", "Orphan"), std::nullopt);
-    EXPECT_EQ(doc.readValue("2", "Message1"), std::nullopt);
 }
 
 TEST(ProfileDocumentTest, ChangingAKeyRewritesOnlyItsLine) {
@@ -102,28 +78,24 @@ TEST(ProfileDocumentTest, ChangingAKeyRewritesOnlyItsLine) {
               "[General]\nplanetpics = NNN\n[Names]\r\ns= Sirius ");
     // The 254-character limit belongs to the reader: the file holds the whole value.
     ProfileDocument doc = ProfileDocument::parse(original);
-    const std::string longValue(300, 'v');
-    doc.writeValue("1", "Message1", longValue);
-    EXPECT_EQ(doc.readValue("1", "Message1"), longValue);
+    doc.writeValue("1", "Message1", std::string(300, 'v'));
+    EXPECT_EQ(doc.readValue("1", "Message1"), std::string(300, 'v'));
 }
 
 TEST(ProfileDocumentTest, NewKeyFollowsTheLastKeyOfItsSection) {
     // In [General] that is before the blank line and the system block.
-    EXPECT_EQ(afterWrite(kDescriptor, "General", "Mode", "1"),
-              lines({"[General]", "PlanetPics = NNN", "Messages = NNN", "Mode=1", "",
-                     ";SolarSystem", ";\"Sol                 \",0,3", ";400,2,0,0,1,0",
-                     ";430,2,0,0,1,0", ";460,2,0,0,1,0", "[Names]", "S=Sol", "3=Vega", "[1]",
-                     "MessagesHail=1", "MessageHail1=Greetings."}));
+    std::string expected = kDescriptor;
+    expected.insert(expected.find("\r\n\r\n") + 2, "Mode=1\r\n");
+    EXPECT_EQ(afterWrite(kDescriptor, "General", "Mode", "1"), expected);
 
     ProfileDocument doc = ProfileDocument::parse("[A]\r\n;only a comment\r\n[B]\r\nx=1\r\n\r\n");
     doc.writeValue("A", "first", "1");
     doc.writeValue("B", "y", "2");
     doc.writeValue("A", "second", "2");
     doc.writeValue("b", "z", "3");
-    EXPECT_EQ(doc.serialize(), lines({"[A]", "first=1", "second=2", ";only a comment", "[B]", "x=1",
-                                      "y=2", "z=3", ""}));
+    EXPECT_EQ(doc.serialize(), crlf({"[A]", "first=1", "second=2", ";only a comment", "[B]", "x=1",
+                                     "y=2", "z=3", ""}));
     EXPECT_EQ(doc.readValue("A", "Second"), "2");
-    EXPECT_EQ(doc.readValue("B", "z"), "3");
 }
 
 TEST(ProfileDocumentTest, NewSectionIsAppendedOnLinesOfItsOwn) {
@@ -149,30 +121,25 @@ TEST(ProfileDocumentTest, AWriteThatSplitsTheLineIsReadBackAsTheFileWouldBe) {
 
 TEST(ProfileDocumentTest, ManyNewKeysStayInOrderInsideTheirSection) {
     std::string original;
-    for (int planet = 1; planet <= 3; ++planet) {
-        original += lines({"[" + std::to_string(planet) + "]", "Messages=1", ";end of planet"});
-    }
+    for (const char* planet : {"1", "2", "3"})
+        original += crlf({std::string("[") + planet + "]", "Messages=1", ";end of planet"});
     ProfileDocument doc = ProfileDocument::parse(original);
     for (int i = 1; i <= 1400; ++i)
         doc.writeValue("1", "Key" + std::to_string(i), std::to_string(i));
     doc.writeValue("1", "Key700", "changed");
 
-    std::string expected = lines({"[1]", "Messages=1"});
-    for (int i = 1; i <= 1400; ++i) {
+    std::string expected = crlf({"[1]", "Messages=1"});
+    for (int i = 1; i <= 1400; ++i)
         expected +=
-            lines({"Key" + std::to_string(i) + "=" + (i == 700 ? "changed" : std::to_string(i))});
-    }
-    expected += lines({";end of planet", "[2]", "Messages=1", ";end of planet", "[3]", "Messages=1",
-                       ";end of planet"});
+            "Key" + std::to_string(i) + "=" + (i == 700 ? "changed" : std::to_string(i)) + "\r\n";
+    expected += original.substr(original.find(";end"));
     EXPECT_EQ(doc.serialize(), expected);
-    EXPECT_EQ(doc.lines().size(), 1409u);
-    EXPECT_EQ(doc.lines()[1401].text, "Key1400=1400");
     EXPECT_EQ(doc.readValue("1", "key1400"), "1400");
-    EXPECT_EQ(ProfileDocument::parse(doc.serialize()).serialize(), expected);
 }
 
-TEST(ProfileDocumentTest, LineEditsThroughMutableLinesAreIndexedAgain) {
+TEST(ProfileDocumentTest, LineEditsAreIndexedAgainAndCopiesAreIndependent) {
     ProfileDocument doc = ProfileDocument::parse(kDescriptor);
+    const ProfileDocument copy = doc;
     doc.writeValue("1", "New", "pending");
     auto& raw = doc.mutableLines();
     ASSERT_EQ(raw[15].text, "New=pending");
@@ -180,18 +147,8 @@ TEST(ProfileDocumentTest, LineEditsThroughMutableLinesAreIndexedAgain) {
     doc.linesChanged();
     EXPECT_EQ(doc.readValue("2", "New"), "pending");
     EXPECT_EQ(doc.readValue("1", "New"), std::nullopt);
-}
-
-TEST(ProfileDocumentTest, CopiesAreIndependent) {
-    const ProfileDocument original = ProfileDocument::parse(kDescriptor);
-    ASSERT_EQ(original.readValue("Names", "S"), "Sol");
-    ProfileDocument copy = original;
-    copy.writeValue("Names", "S", "Sirius");
-    copy.writeValue("Names", "1", "Terra");
-    EXPECT_EQ(original.readValue("Names", "S"), "Sol");
-    EXPECT_EQ(original.readValue("Names", "1"), std::nullopt);
-    EXPECT_EQ(original.serialize(), kDescriptor);
-    EXPECT_EQ(copy.readValue("Names", "1"), "Terra");
+    EXPECT_EQ(copy.readValue("1", "MessagesHail"), "1");
+    EXPECT_EQ(copy.serialize(), kDescriptor);
 }
 
 TEST(ProfileDocumentTest, SectionExistsMatchesTheHeaderAtTheStartOfTheLine) {
@@ -203,70 +160,50 @@ TEST(ProfileDocumentTest, SectionExistsMatchesTheHeaderAtTheStartOfTheLine) {
     EXPECT_FALSE(doc.sectionExists("Indented"));
 }
 
-TEST(ProfileDocumentTest, DeleteKeyRemovesExactKeyLinesOfTheSection) {
-    ProfileDocument doc =
-        ProfileDocument::parse(lines({"[Names]", "S=Sol", "3=Vega", "4=Rigel", "[1]"}));
-    EXPECT_TRUE(doc.deleteKey("Names", "3"));
-    EXPECT_EQ(doc.serialize(), lines({"[Names]", "S=Sol", "4=Rigel", "[1]"}));
-    EXPECT_EQ(doc.readValue("Names", "4"), "Rigel");
-
-    doc = ProfileDocument::parse(lines({"[Names]", "3 =Vega", "s=lower", "[1]", "3=Other"}));
-    EXPECT_FALSE(doc.deleteKey("Names", "3")) << "3 =Vega has the key text \"3 \"";
-    EXPECT_FALSE(doc.deleteKey("Names", "S"));
-    EXPECT_FALSE(doc.deleteKey("names", "s"));
-    EXPECT_EQ(doc.serialize(), lines({"[Names]", "3 =Vega", "s=lower", "[1]", "3=Other"}));
-}
-
-TEST(ProfileDocumentTest, DeleteKeyRemovesEveryLineOfTheKeyUpToTheNextSection) {
+TEST(ProfileDocumentTest, DeleteKeyRemovesEveryExactKeyLineUpToTheNextSection) {
     ProfileDocument doc = ProfileDocument::parse(
         "[1]\r\nA=1\r\nB=2\nA=again\r\n;A=comment\r\n[2]\r\nA=2\r\n[1]\r\nA=3");
     EXPECT_TRUE(doc.deleteKey("1", "A"));
     EXPECT_EQ(doc.serialize(), "[1]\r\nB=2\n;A=comment\r\n[2]\r\nA=2\r\n[1]\r\n");
     EXPECT_EQ(doc.readValue("2", "A"), "2");
     EXPECT_EQ(doc.readValue("1", "B"), "2");
-}
 
-TEST(ProfileDocumentTest, DeleteKeySeesKeysThatWereJustAdded) {
-    ProfileDocument doc = ProfileDocument::parse(kDescriptor);
+    const std::string raw = crlf({"[Names]", "3 =Vega", "s=lower", "[1]", "3=Other"});
+    doc = ProfileDocument::parse(raw);
+    EXPECT_FALSE(doc.deleteKey("Names", "3")) << "3 =Vega has the key text \"3 \"";
+    EXPECT_FALSE(doc.deleteKey("Names", "S"));
+    EXPECT_FALSE(doc.deleteKey("names", "s"));
+    EXPECT_EQ(doc.serialize(), raw);
+
+    // Keys that were just added are seen.
+    doc = ProfileDocument::parse(kDescriptor);
     doc.writeValue("1", "ResponsesHail", "1");
     doc.writeValue("1", "ResponseHail1", "Hello.");
     EXPECT_TRUE(doc.deleteKey("1", "ResponseHail1"));
-    EXPECT_EQ(doc.readValue("1", "ResponseHail1"), std::nullopt);
-    EXPECT_EQ(doc.serialize(), kDescriptor + lines({"ResponsesHail=1"}));
-    EXPECT_FALSE(doc.deleteKey("1", "ResponseHail1"));
+    EXPECT_EQ(doc.serialize(), kDescriptor + crlf({"ResponsesHail=1"}));
     EXPECT_FALSE(doc.deleteKey("7", "MessagesHail"));
 }
 
-TEST(ProfileDocumentTest, RemoveNumberedSectionTakesTheSectionAndItsLines) {
-    ProfileDocument doc =
-        ProfileDocument::parse(lines({"[1]", "a=1", "[2]", "b=2", "c=3", "[3]", "d=4"}));
-    EXPECT_TRUE(doc.removeNumberedSection(2));
-    EXPECT_EQ(doc.serialize(), lines({"[1]", "a=1", "[3]", "d=4"}));
-    EXPECT_EQ(doc.readValue("3", "d"), "4");
-    EXPECT_FALSE(doc.removeNumberedSection(2));
-}
-
-TEST(ProfileDocumentTest, RemoveNumberedSectionAtTheEndDropsOnlyThatSection) {
-    ProfileDocument doc = ProfileDocument::parse("[1]\r\na=1\n[2]\r\nb=2\r\nc=3");
-    EXPECT_TRUE(doc.removeNumberedSection(2));
-    EXPECT_EQ(doc.serialize(), "[1]\r\na=1\n");
-    doc.writeValue("2", "b", "new");
-    EXPECT_EQ(doc.serialize(), "[1]\r\na=1\n[2]\r\nb=new\r\n");
-}
-
 TEST(ProfileDocumentTest, RemoveNumberedSectionComparesTheLeadingNumber) {
-    const std::string original = kDescriptor + lines({"[12]", "x=12", "[3b]", "y=3"});
+    const std::string original = kDescriptor + crlf({"[12]", "x=12", "[3b]", "y=3"});
     ProfileDocument doc = ProfileDocument::parse(original);
     EXPECT_FALSE(doc.removeNumberedSection(0)) << "[General] and [Names] stay";
     EXPECT_FALSE(doc.removeNumberedSection(-1));
     EXPECT_FALSE(doc.removeNumberedSection(4));
     EXPECT_EQ(doc.serialize(), original);
     EXPECT_TRUE(doc.removeNumberedSection(3));
-    EXPECT_EQ(doc.serialize(), kDescriptor + lines({"[12]", "x=12"}));
+    EXPECT_EQ(doc.serialize(), kDescriptor + crlf({"[12]", "x=12"}));
     EXPECT_TRUE(doc.removeNumberedSection(1));
+    EXPECT_FALSE(doc.removeNumberedSection(1));
     EXPECT_EQ(doc.readValue("12", "x"), "12");
     EXPECT_EQ(doc.readValue("Names", "3"), "Vega");
-    EXPECT_EQ(doc.readValue("1", "MessagesHail"), std::nullopt);
+
+    // At the end of the file only that section goes; a new one is appended afresh.
+    doc = ProfileDocument::parse("[1]\r\na=1\n[2]\r\nb=2\r\nc=3");
+    EXPECT_TRUE(doc.removeNumberedSection(2));
+    EXPECT_EQ(doc.serialize(), "[1]\r\na=1\n");
+    doc.writeValue("2", "b", "new");
+    EXPECT_EQ(doc.serialize(), "[1]\r\na=1\n[2]\r\nb=new\r\n");
 }
 
 }  // namespace

@@ -4,97 +4,67 @@
 
 #include <chrono>
 #include <fstream>
-#include <random>
-#include <sstream>
+
+#include "support/GameFolderFixture.h"
 
 namespace orr {
 namespace {
 
+using test::entryNames;
+using test::readBytes;
+using test::writeBytes;
+using Names = std::vector<std::string>;
+
 class ProfileStoreTest : public ::testing::Test {
   protected:
-    void SetUp() override {
-        std::random_device random;
-        dir_ = fs::temp_directory_path() /
-               ("orrerion-profiles-" + std::to_string(random()) + std::to_string(random()));
-        fs::create_directories(dir_ / "ORBDescriptor");
-        file_ = dir_ / "ORBDescriptor" / "Sol.edt";
-    }
-    void TearDown() override {
-        std::error_code ec;
-        fs::permissions(dir_ / "ORBDescriptor", fs::perms::owner_all, fs::perm_options::add, ec);
-        fs::remove_all(dir_, ec);
-    }
-
-    static void put(const fs::path& file, std::string_view bytes) {
-        std::ofstream out(file, std::ios::binary | std::ios::trunc);
-        out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    }
-    static std::string get(const fs::path& file) {
-        std::ifstream in(file, std::ios::binary);
-        std::ostringstream bytes;
-        bytes << in.rdbuf();
-        return bytes.str();
-    }
     // Replaces the file's contents behind the store's back, then gives it `time`.
     static void replaceBehindTheBack(const fs::path& file, std::string_view bytes,
                                      fs::file_time_type time) {
-        put(file, bytes);
+        writeBytes(file, bytes);
         fs::last_write_time(file, time);
     }
-    std::size_t entryCount(const fs::path& folder) const {
-        return static_cast<std::size_t>(
-            std::distance(fs::directory_iterator(folder), fs::directory_iterator()));
-    }
 
-    fs::path dir_;
-    fs::path file_;
+    test::TempGameFolder game;
+    const fs::path file_ = game.descriptor("Sol.edt");
     ProfileStore store_;
 };
 
-TEST_F(ProfileStoreTest, ReadingAMissingFileCreatesNothing) {
+TEST_F(ProfileStoreTest, ReadingCreatesNothingAndWritingOnlyTheFile) {
     EXPECT_EQ(store_.readValue(file_, "General", "PlanetPics"), std::nullopt);
     EXPECT_EQ(store_.document(file_), nullptr);
     EXPECT_FALSE(fs::exists(file_));
-}
 
-TEST_F(ProfileStoreTest, WritingCreatesOnlyTheFile) {
     ASSERT_TRUE(store_.writeValue(file_, "Names", "S", "Sol")) << store_.lastError();
-    EXPECT_EQ(get(file_), "[Names]\r\nS=Sol\r\n");
-    EXPECT_EQ(entryCount(file_.parent_path()), 1u);
+    EXPECT_EQ(readBytes(file_), "[Names]\r\nS=Sol\r\n");
+    EXPECT_EQ(entryNames(game.descriptors()), Names{"Sol.edt"});
 
-    const fs::path elsewhere = dir_ / "Missing" / "Sol.edt";
+    const fs::path elsewhere = game.root() / "Missing" / "Sol.edt";
     EXPECT_FALSE(store_.writeValue(elsewhere, "Names", "S", "Sol"));
     EXPECT_NE(store_.lastError().find("Sol.edt"), std::string::npos) << store_.lastError();
-    EXPECT_FALSE(fs::exists(dir_ / "Missing"));
-    EXPECT_EQ(store_.readValue(elsewhere, "Names", "S"), std::nullopt);
+    EXPECT_FALSE(fs::exists(game.root() / "Missing"));
 }
 
 TEST_F(ProfileStoreTest, EveryWriteReachesTheDiskAtOnce) {
-    put(file_, "[General]\nPlanetPics = NNN\n\n;SolarSystem\n");
+    writeBytes(file_, "[General]\nPlanetPics = NNN\n\n;SolarSystem\n");
     ASSERT_TRUE(store_.writeValue(file_, "General", "PlanetPics", "YNN"));
-    EXPECT_EQ(get(file_), "[General]\nPlanetPics=YNN\n\n;SolarSystem\n");
+    EXPECT_EQ(readBytes(file_), "[General]\nPlanetPics=YNN\n\n;SolarSystem\n");
     ASSERT_TRUE(store_.writeValue(file_, "1", "MessagesHail", "1"));
-    EXPECT_EQ(get(file_), "[General]\nPlanetPics=YNN\n\n;SolarSystem\n[1]\r\nMessagesHail=1\r\n");
-    EXPECT_EQ(entryCount(file_.parent_path()), 1u) << "no temporary file is left";
+    EXPECT_EQ(readBytes(file_),
+              "[General]\nPlanetPics=YNN\n\n;SolarSystem\n[1]\r\nMessagesHail=1\r\n");
+    EXPECT_EQ(entryNames(game.descriptors()), Names{"Sol.edt"}) << "no temporary file is left";
 }
 
-TEST_F(ProfileStoreTest, AnUnchangedFileIsNotReadAgain) {
-    put(file_, "[Names]\r\nS=Sol\r\n");
+TEST_F(ProfileStoreTest, TheCacheIsUsedWhileSizeAndTimeStayTheSame) {
+    writeBytes(file_, "[Names]\r\nS=Sol\r\n");
     ASSERT_EQ(store_.readValue(file_, "Names", "S"), "Sol");
     const auto time = fs::last_write_time(file_);
     // Same size and same time: the store cannot tell, so it must still answer from its cache.
     replaceBehindTheBack(file_, "[Names]\r\nS=Ra!\r\n", time);
     EXPECT_EQ(store_.readValue(file_, "Names", "S"), "Sol");
-
     // The same file under another spelling of its path shares the cached document.
-    const fs::path other = dir_ / "ORBDescriptor" / ".." / "ORBDescriptor" / "Sol.edt";
+    const fs::path other = game.descriptors() / ".." / "ORBDescriptor" / "Sol.edt";
     EXPECT_EQ(store_.document(other), store_.document(file_));
-}
 
-TEST_F(ProfileStoreTest, AFileChangedBehindTheStoreIsReadAgain) {
-    put(file_, "[Names]\r\nS=Sol\r\n");
-    ASSERT_EQ(store_.readValue(file_, "Names", "S"), "Sol");
-    const auto time = fs::last_write_time(file_);
     replaceBehindTheBack(file_, "[Names]\r\nS=Ra!\r\n", time + std::chrono::seconds(2));
     EXPECT_EQ(store_.readValue(file_, "Names", "S"), "Ra!") << "same size, other time";
     replaceBehindTheBack(file_, "[Names]\r\nS=Vega\r\n", time + std::chrono::seconds(2));
@@ -103,11 +73,11 @@ TEST_F(ProfileStoreTest, AFileChangedBehindTheStoreIsReadAgain) {
     fs::remove(file_);
     EXPECT_EQ(store_.readValue(file_, "Names", "S"), std::nullopt);
     ASSERT_TRUE(store_.writeValue(file_, "Names", "1", "Terra"));
-    EXPECT_EQ(get(file_), "[Names]\r\n1=Terra\r\n") << "nothing of the deleted file comes back";
+    EXPECT_EQ(readBytes(file_), "[Names]\r\n1=Terra\r\n") << "nothing of the deleted file returns";
 }
 
 TEST_F(ProfileStoreTest, TheStoreDoesNotReadItsOwnWriteBack) {
-    put(file_, "[Names]\r\nS=Sol\r\n");
+    writeBytes(file_, "[Names]\r\nS=Sol\r\n");
     ASSERT_TRUE(store_.writeValue(file_, "Names", "S", "Ra"));
     const ProfileDocument* cached = store_.document(file_);
     // Swap in different bytes of the same size with the time of the store's own write: a store
@@ -118,89 +88,82 @@ TEST_F(ProfileStoreTest, TheStoreDoesNotReadItsOwnWriteBack) {
 }
 
 TEST_F(ProfileStoreTest, ABatchWritesEachChangedFileOnceWhenTheOutermostBatchEnds) {
-    const fs::path orb = dir_ / "ORBDescriptor" / "Sol.orb";
-    put(file_, "[1]\r\n");
-    put(orb, "[General]\r\n");
+    const fs::path orb = game.descriptor("Sol.orb");
+    const fs::path created = game.descriptor("New.edt");
+    writeBytes(file_, "[1]\r\n");
+    writeBytes(orb, "[General]\r\n");
     {
         ProfileStore::WriteBatch outer(store_);
-        for (int i = 1; i <= 50; ++i) {
+        for (int i = 1; i <= 50; ++i)
             ASSERT_TRUE(store_.writeValue(file_, "1", "Message" + std::to_string(i), "x"));
-        }
         {
             ProfileStore::WriteBatch inner(store_);
             ASSERT_TRUE(store_.writeValue(orb, "General", "Messages", "YYY"));
             EXPECT_TRUE(inner.commit());
         }
-        ASSERT_TRUE(store_.writeValue(dir_ / "ORBDescriptor" / "New.edt", "Names", "S", "New"));
+        ASSERT_TRUE(store_.writeValue(created, "Names", "S", "New"));
         // Reads inside the batch see the changes; the disk does not have them yet.
         EXPECT_EQ(store_.readValue(file_, "1", "Message50"), "x");
-        EXPECT_EQ(get(file_), "[1]\r\n");
-        EXPECT_EQ(get(orb), "[General]\r\n");
-        EXPECT_FALSE(fs::exists(dir_ / "ORBDescriptor" / "New.edt"));
+        EXPECT_EQ(readBytes(file_), "[1]\r\n");
+        EXPECT_EQ(readBytes(orb), "[General]\r\n");
+        EXPECT_FALSE(fs::exists(created));
         EXPECT_TRUE(outer.commit());
         EXPECT_TRUE(outer.commit()) << "a second commit repeats the answer";
     }
     std::string expected = "[1]\r\n";
     for (int i = 1; i <= 50; ++i) expected += "Message" + std::to_string(i) + "=x\r\n";
-    EXPECT_EQ(get(file_), expected);
-    EXPECT_EQ(get(orb), "[General]\r\nMessages=YYY\r\n");
-    EXPECT_EQ(get(dir_ / "ORBDescriptor" / "New.edt"), "[Names]\r\nS=New\r\n");
-
+    EXPECT_EQ(readBytes(file_), expected);
+    EXPECT_EQ(readBytes(orb), "[General]\r\nMessages=YYY\r\n");
+    EXPECT_EQ(readBytes(created), "[Names]\r\nS=New\r\n");
     {
         ProfileStore::WriteBatch unfinished(store_);
         ASSERT_TRUE(store_.writeValue(orb, "General", "PlanetPics", "NNN"));
     }
-    EXPECT_EQ(get(orb), "[General]\r\nMessages=YYY\r\nPlanetPics=NNN\r\n")
+    EXPECT_EQ(readBytes(orb), "[General]\r\nMessages=YYY\r\nPlanetPics=NNN\r\n")
         << "a batch left without commit is committed";
 }
 
 TEST_F(ProfileStoreTest, AFailedBatchReportsFalseAndForgetsItsChanges) {
-    put(file_, "[Names]\r\nS=Sol\r\n");
+    writeBytes(file_, "[Names]\r\nS=Sol\r\n");
     ProfileStore::WriteBatch batch(store_);
     ASSERT_TRUE(store_.writeValue(file_, "Names", "S", "Ra"));
     // The folder disappears before the batch ends: its write must fail, for root as well.
-    fs::rename(dir_ / "ORBDescriptor", dir_ / "Moved");
+    fs::rename(game.descriptors(), game.root() / "Moved");
     EXPECT_FALSE(batch.commit());
     EXPECT_NE(store_.lastError().find("Sol.edt"), std::string::npos) << store_.lastError();
-    fs::rename(dir_ / "Moved", dir_ / "ORBDescriptor");
+    fs::rename(game.root() / "Moved", game.descriptors());
     EXPECT_EQ(store_.readValue(file_, "Names", "S"), "Sol") << "the cache follows the disk";
 
     // The next batch starts afresh.
     ProfileStore::WriteBatch next(store_);
     ASSERT_TRUE(store_.writeValue(file_, "Names", "S", "Ra"));
     EXPECT_TRUE(next.commit());
-    EXPECT_EQ(get(file_), "[Names]\r\nS=Ra\r\n");
+    EXPECT_EQ(readBytes(file_), "[Names]\r\nS=Ra\r\n");
 }
 
 TEST_F(ProfileStoreTest, AFailedWriteLeavesFileAndCacheAsTheyWere) {
-    put(file_, "[Names]\r\nS=Sol\r\n");
+    writeBytes(file_, "[Names]\r\nS=Sol\r\n");
     ASSERT_EQ(store_.readValue(file_, "Names", "S"), "Sol");
-    const fs::path folder = dir_ / "ORBDescriptor";
-    fs::permissions(folder, fs::perms::owner_read | fs::perms::owner_exec);
-    const fs::path probe = folder / "probe";
-    std::ofstream(probe).put('x');
-    if (fs::exists(probe)) {
-        fs::remove(probe);
-        GTEST_SKIP() << "permissions are not enforced for this user";
-    }
+    const test::ReadOnlyFolder readOnly(game.descriptors());
+    if (!readOnly.enforced()) GTEST_SKIP() << "the folder cannot be made read-only here";
     EXPECT_FALSE(store_.writeValue(file_, "Names", "S", "Ra"));
     EXPECT_NE(store_.lastError().find("Sol.edt"), std::string::npos) << store_.lastError();
-    EXPECT_EQ(get(file_), "[Names]\r\nS=Sol\r\n");
+    EXPECT_EQ(readBytes(file_), "[Names]\r\nS=Sol\r\n");
     EXPECT_EQ(store_.readValue(file_, "Names", "S"), "Sol");
     EXPECT_FALSE(
         store_.rewrite(file_, [](ProfileDocument& doc) { return doc.deleteKey("Names", "S"); }));
     EXPECT_EQ(store_.readValue(file_, "Names", "S"), "Sol");
-    EXPECT_EQ(entryCount(folder), 1u);
+    EXPECT_EQ(entryNames(game.descriptors()), Names{"Sol.edt"});
 }
 
 TEST_F(ProfileStoreTest, AFileThatCannotBeReadIsNotReplaced) {
-    put(file_, "[Names]\r\nS=Sol\r\n");
+    writeBytes(file_, "[Names]\r\nS=Sol\r\n");
     fs::permissions(file_, fs::perms::none);
     if (std::ifstream(file_).good()) GTEST_SKIP() << "permissions are not enforced for this user";
     EXPECT_FALSE(store_.writeValue(file_, "Names", "1", "Terra"));
     EXPECT_NE(store_.lastError().find("Sol.edt"), std::string::npos) << store_.lastError();
     fs::permissions(file_, fs::perms::owner_read | fs::perms::owner_write);
-    EXPECT_EQ(get(file_), "[Names]\r\nS=Sol\r\n");
+    EXPECT_EQ(readBytes(file_), "[Names]\r\nS=Sol\r\n");
 }
 
 TEST_F(ProfileStoreTest, RewriteWritesOnlyWhenTheChangeSaysSo) {
@@ -208,7 +171,7 @@ TEST_F(ProfileStoreTest, RewriteWritesOnlyWhenTheChangeSaysSo) {
     EXPECT_NE(store_.lastError().find("Sol.edt"), std::string::npos) << store_.lastError();
     EXPECT_FALSE(fs::exists(file_));
 
-    put(file_, "[Names]\r\nS=Sol\r\n3=Vega\r\n");
+    writeBytes(file_, "[Names]\r\nS=Sol\r\n3=Vega\r\n");
     const auto time = fs::last_write_time(file_) - std::chrono::hours(1);
     fs::last_write_time(file_, time);
     EXPECT_TRUE(
@@ -216,7 +179,7 @@ TEST_F(ProfileStoreTest, RewriteWritesOnlyWhenTheChangeSaysSo) {
     EXPECT_EQ(fs::last_write_time(file_), time) << "nothing changed, nothing written";
     EXPECT_TRUE(
         store_.rewrite(file_, [](ProfileDocument& doc) { return doc.deleteKey("Names", "3"); }));
-    EXPECT_EQ(get(file_), "[Names]\r\nS=Sol\r\n");
+    EXPECT_EQ(readBytes(file_), "[Names]\r\nS=Sol\r\n");
     EXPECT_NE(fs::last_write_time(file_), time);
 }
 

@@ -1,10 +1,11 @@
-// Creating and deleting whole systems: the new descriptor, the refusals, and deleting exactly
+// Whole systems: which names are usable, the new descriptor, the refusals, and deleting exactly
 // this system's files.
 #include <gtest/gtest.h>
 
 #include <algorithm>
 
 #include "store/SystemList.h"
+#include "store/SystemName.h"
 #include "store/SystemOperations.h"
 #include "support/GameFolderFixture.h"
 
@@ -14,14 +15,50 @@ namespace {
 using test::crlf;
 using test::StoreTest;
 using test::writeBytes;
+using Names = std::vector<std::string>;
+
+TEST(SystemNameTest, UsableNames) {
+    for (const char* name : {"Sol", "9Sol", "New Haven", "Sol.II", "K\xe4rnten", "a", "0Vega",
+                             "CONSOLE", "COM", "COM0", "LPT10", "Nullity", "AUXILIARY"}) {
+        EXPECT_EQ(CheckSystemName(name), std::nullopt) << name;
+    }
+    EXPECT_EQ(CheckSystemName(std::string(200, 'x')), std::nullopt);
+}
+
+TEST(SystemNameTest, UnusableNamesGiveASentence) {
+    for (char c : std::string("/\\:*?\"<>|")) {
+        EXPECT_EQ(CheckSystemName(std::string("Sol") + c + "x"),
+                  std::string("A system name cannot contain the character '") + c + "'.");
+    }
+    const std::pair<std::string, std::string> cases[] = {
+        {"", "A system name cannot be empty."},
+        {".", "A system name cannot be \".\" or \"..\"."},
+        {"..", "A system name cannot be \".\" or \"..\"."},
+        {" Sol", "A system name cannot begin or end with a blank."},
+        {"Sol ", "A system name cannot begin or end with a blank."},
+        {".Sol", "A system name cannot begin or end with a dot."},
+        {"Sol.", "A system name cannot begin or end with a dot."},
+        {std::string(201, 'x'), "A system name can have at most 200 characters."},
+        {"com1.x", "\"COM1\" is a device name reserved by Windows and cannot be a system name."},
+    };
+    for (const auto& [name, reason] : cases) EXPECT_EQ(CheckSystemName(name), reason) << name;
+    for (const std::string& name : Names{"Sol\tII", "Sol\r\n", std::string("S\0l", 3), "S\x7fl"}) {
+        EXPECT_EQ(CheckSystemName(name),
+                  "A system name cannot contain control characters such as tabs or line breaks.");
+    }
+    for (const char* name : {"CON", "con", "Prn", "AUX", "NUL", "COM1", "com9", "LPT1", "LPT9",
+                             "NUL.txt", "con.orb"}) {
+        EXPECT_NE(CheckSystemName(name).value_or("").find("reserved by Windows"), std::string::npos)
+            << name;
+    }
+}
 
 class SystemFilesTest : public StoreTest {
   protected:
-    std::vector<std::string> pictureNames(const std::string& name) {
-        std::vector<std::string> names;
-        for (const fs::path& file : systemPictureFiles(game.folder(), name)) {
+    Names pictureNames(const std::string& name) {
+        Names names;
+        for (const fs::path& file : systemPictureFiles(game.folder(), name))
             names.push_back(file.filename().string());
-        }
         std::sort(names.begin(), names.end());
         return names;
     }
@@ -30,9 +67,8 @@ class SystemFilesTest : public StoreTest {
     }
 };
 
-using Names = std::vector<std::string>;
-
 TEST_F(SystemFilesTest, CustomSystemGetsAnEmptyDescriptor) {
+    fs::remove_all(game.descriptors());  // made when missing
     store.record().planet(3).Moons = 7;
     EXPECT_EQ(canCreateSystem(store, "Nova"), std::nullopt);
     ASSERT_TRUE(createSystem(store, "Nova")) << store.lastError();
@@ -41,7 +77,6 @@ TEST_F(SystemFilesTest, CustomSystemGetsAnEmptyDescriptor) {
     const SystemRecord& r = store.record();
     EXPECT_EQ(r.Name, "Nova");
     EXPECT_EQ(r.PlanetCount, 0);
-    EXPECT_EQ(r.planet(3).Position, 0);
     EXPECT_EQ(r.planet(3).Moons, 7);  // unused slots keep their values
 
     ASSERT_TRUE(createSystem(store, "A Name Longer Than Twenty"));
@@ -52,9 +87,8 @@ TEST_F(SystemFilesTest, ListedSystemTakesTheListRecord) {
     ASSERT_TRUE(createSystem(store, "9Sol"));
     EXPECT_EQ(store.record().PlanetCount, 9);
     const std::string text = readDescriptor("9Sol.orb");
-    EXPECT_EQ(text.substr(0, 60), crlf({"[General]", "PlanetPics = NNNNNNNNN",
-                                        "Messages = NNNNNNNNN", "", ";SolarSystem"})
-                                      .substr(0, 60));
+    EXPECT_TRUE(text.starts_with(
+        crlf({"[General]", "PlanetPics = NNNNNNNNN", "Messages = NNNNNNNNN", "", ";SolarSystem"})));
     EXPECT_NE(text.find(";560,3,1,46087,13,5\r\n"), std::string::npos);
     store.record() = SystemRecord();
     ASSERT_TRUE(openSystem("9Sol").blockFound);
@@ -64,15 +98,14 @@ TEST_F(SystemFilesTest, ListedSystemTakesTheListRecord) {
 
 TEST_F(SystemFilesTest, RefusesExistingAndUnusableNames) {
     writeDescriptor("Nova", crlf({"[General]"}));
-    const std::string bytes = readDescriptor("Nova.orb");
     EXPECT_EQ(canCreateSystem(store, "NOVA"), "A system named \"Nova\" already exists.");
     EXPECT_FALSE(createSystem(store, "nova"));
     EXPECT_EQ(store.lastError(), "A system named \"Nova\" already exists.");
-    EXPECT_EQ(readDescriptor("Nova.orb"), bytes);
+    EXPECT_EQ(readDescriptor("Nova.orb"), crlf({"[General]"}));
     EXPECT_EQ(canCreateSystem(store, "What?"), "A system name cannot contain the character '?'.");
     EXPECT_FALSE(createSystem(store, ""));
     EXPECT_FALSE(createSystem(store, "CON"));
-    EXPECT_EQ(GameFolder::filesWithExtension(game.descriptors(), ".orb").size(), 1u);
+    EXPECT_EQ(test::entryNames(game.descriptors()), Names{"Nova.orb"});
 }
 
 TEST_F(SystemFilesTest, CreatingWhileEditingLeavesTheOpenSystem) {
@@ -82,12 +115,6 @@ TEST_F(SystemFilesTest, CreatingWhileEditingLeavesTheOpenSystem) {
     EXPECT_EQ(store.record(), before);
     EXPECT_TRUE(fs::exists(game.descriptor("Other.orb")));
     EXPECT_EQ(store.openDescriptorPath(), game.descriptor("Open.edt"));
-}
-
-TEST_F(SystemFilesTest, CreatesTheDescriptorFolderWhenMissing) {
-    fs::remove_all(game.descriptors());
-    ASSERT_TRUE(createSystem(store, "Nova")) << store.lastError();
-    EXPECT_TRUE(fs::exists(game.descriptor("Nova.orb")));
 }
 
 TEST_F(SystemFilesTest, UnwritableFolderCreatesNothing) {
@@ -110,7 +137,6 @@ TEST_F(SystemFilesTest, PictureFilesOfExactlyThisSystem) {
     EXPECT_EQ(pictureNames("SolX"), (Names{"SolX.bmp", "SolXSun.bmp"}));
     // "Sol1.avi" is animation 1 of Sol, not a picture of a system "Sol1".
     EXPECT_EQ(pictureNames("Sol1"), (Names{"Sol1.bmp", "Sol11.avi"}));
-
     // With a system "SolSun", its strip is not Sol's star picture.
     writeDescriptor("SolSun", crlf({"[General]"}));
     EXPECT_EQ(pictureNames("Sol"), (Names{"Sol.bmp", "Sol1.avi", "Sol10.AVI", "sol.GIF"}));
@@ -122,42 +148,34 @@ TEST_F(SystemFilesTest, DeleteRemovesOnlyThisSystem) {
     writeDescriptor("SolX", crlf({"[General]"}));
     touchPictures({"Sol.bmp", "SolSun.bmp", "Sol3.avi", "SolX.bmp", "SolXSun.bmp"});
     ASSERT_TRUE(deleteSystemFiles(store, "Sol"));
-    EXPECT_FALSE(fs::exists(game.descriptor("Sol.orb")));
-    for (const char* gone : {"Sol.bmp", "SolSun.bmp", "Sol3.avi"}) {
-        EXPECT_FALSE(fs::exists(game.pictures() / gone)) << gone;
-    }
-    EXPECT_TRUE(fs::exists(game.descriptor("SolX.orb")));
-    EXPECT_TRUE(fs::exists(game.pictures() / "SolX.bmp"));
-    EXPECT_TRUE(fs::exists(game.pictures() / "SolXSun.bmp"));
+    EXPECT_EQ(test::entryNames(game.descriptors()), Names{"SolX.orb"});
+    EXPECT_EQ(test::entryNames(game.pictures()), (Names{"SolX.bmp", "SolXSun.bmp"}));
     EXPECT_TRUE(deleteSystemFiles(store, "Sol"));  // nothing left to delete
-}
 
-TEST_F(SystemFilesTest, DeletingTheOpenSystemEndsItsEdit) {
+    // Deleting the open system ends its edit.
     openNewSystem("Nova", 1);
     ASSERT_TRUE(deleteSystemFiles(store, "Nova"));
     EXPECT_FALSE(store.IsEditing());
-    EXPECT_TRUE(fs::is_empty(game.descriptors()));
+    EXPECT_EQ(test::entryNames(game.descriptors()), Names{"SolX.orb"});
 }
 
-TEST_F(SystemFilesTest, FailedDeleteIsReported) {
+TEST_F(SystemFilesTest, FailedDeleteIsReportedAndKeepsThePictures) {
     writeDescriptor("Sol", crlf({"[General]"}));
     touchPictures({"Sol.bmp"});
-    const test::ReadOnlyFolder readOnly(game.pictures());
-    if (!readOnly.enforced()) GTEST_SKIP() << "the folder cannot be made read-only here";
-    EXPECT_FALSE(deleteSystemFiles(store, "Sol"));
-    EXPECT_NE(store.lastError().find("Sol.bmp"), std::string::npos) << store.lastError();
-    EXPECT_TRUE(fs::exists(game.pictures() / "Sol.bmp"));
-}
-
-TEST_F(SystemFilesTest, UndeletableDescriptorKeepsThePictures) {
+    {
+        const test::ReadOnlyFolder readOnly(game.pictures());
+        if (!readOnly.enforced()) GTEST_SKIP() << "the folder cannot be made read-only here";
+        EXPECT_FALSE(deleteSystemFiles(store, "Sol"));
+        EXPECT_NE(store.lastError().find("Sol.bmp"), std::string::npos) << store.lastError();
+        EXPECT_TRUE(fs::exists(game.pictures() / "Sol.bmp"));
+    }
     writeDescriptor("Sol", crlf({"[General]"}));
-    touchPictures({"Sol.bmp", "SolSun.bmp"});
+    touchPictures({"SolSun.bmp"});
+    // A descriptor that cannot be deleted keeps the pictures.
     const test::ReadOnlyFolder readOnly(game.descriptors());
-    if (!readOnly.enforced()) GTEST_SKIP() << "the folder cannot be made read-only here";
     EXPECT_FALSE(deleteSystemFiles(store, "Sol"));
     EXPECT_NE(store.lastError().find("Sol.orb"), std::string::npos) << store.lastError();
-    EXPECT_TRUE(fs::exists(game.pictures() / "Sol.bmp"));
-    EXPECT_TRUE(fs::exists(game.pictures() / "SolSun.bmp"));
+    EXPECT_EQ(test::entryNames(game.pictures()), (Names{"Sol.bmp", "SolSun.bmp"}));
 }
 
 }  // namespace

@@ -266,5 +266,34 @@ TEST_F(SystemOperationsTest, FailedWriteChangesNothing) {
     EXPECT_EQ(pictures.calls, Calls{});
 }
 
+// The game's start argument: the key's characters before their final inversion, as codes.
+std::vector<int> plainCodes(const std::string& key) {
+    std::vector<int> codes;
+    for (char c : EncodeStarArgument(key)) codes.push_back(255 - static_cast<unsigned char>(c));
+    return codes;
+}
+
+std::vector<int> padded(std::vector<int> codes, int blank = ' ') {
+    codes.resize(21, blank);
+    return codes;
+}
+
+TEST(EncodeStarArgumentTest, ListedKeysPassTheirPlanetCountCustomKeysAMark) {
+    EXPECT_EQ(plainCodes("9Sol"), padded({255 - 246, 255 - 172, 255 - 144, 255 - 147}));
+    EXPECT_EQ(static_cast<unsigned char>(EncodeStarArgument("9Sol")[20]), 223);
+    const std::pair<std::string, std::vector<int>> cases[] = {
+        {"10Vega", {10, 'V', 'e', 'g', 'a'}},
+        {"0Test", {0, 'T', 'e', 's', 't'}},
+        {"Nova", {254, 'N', 'o', 'v', 'a'}},
+        {"-3Neg", {254, '-', '3', 'N', 'e', 'g'}},  // a negative number is no planet count
+        {"253X", {253, 'X'}},
+        {"254X", {25, '4', 'X'}},  // from 254 on, the first two characters are one number
+        {"", {254}},
+    };
+    for (const auto& [key, head] : cases) EXPECT_EQ(plainCodes(key), padded(head)) << key;
+    // The game takes 21 characters: a longer key is cut there.
+    EXPECT_EQ(EncodeStarArgument("Nova" + std::string(30, 'a')).size(), 21u);
+}
+
 }  // namespace
 }  // namespace orr

@@ -8,6 +8,7 @@
 #include <initializer_list>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "store/GameFolder.h"
 #include "store/SystemStore.h"
@@ -25,6 +26,8 @@ std::string crlf(std::initializer_list<std::string_view> lines);
 
 std::string readBytes(const fs::path& file);
 void writeBytes(const fs::path& file, std::string_view bytes);
+// The names of the folder's entries, sorted.
+std::vector<std::string> entryNames(const fs::path& folder);
 
 // Makes a folder read-only for its lifetime: no file can be created, renamed or deleted in it.
 // Permissions do not bind root, so for root the folder is also made immutable where the file
