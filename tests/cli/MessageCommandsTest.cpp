@@ -4,7 +4,6 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
 #include <QStandardPaths>
 #include <QtTest>
 
@@ -52,31 +51,18 @@ class MessageCli : public CliFixture {
         if (list.open(QIODevice::ReadOnly)) write("SPECIAL.LST", list.readAll());
     }
 
+    QJsonObject decode(const QString& direction, const QString& group, const QByteArray& line) {
+        return QJsonDocument::fromJson(ok({"decode", direction, group, QString::fromLatin1(line)}))
+            .object();
+    }
     // compose with the JSON on standard input.
     CliResult compose(const QString& direction, const QString& group, const QByteArray& json) {
-        QProcess process;
-        process.start(ORRERION_BINARY_DIR "/bin/orrerion-cli",
-                      {"--game-dir", game(), "compose", direction, group});
-        process.write(json);
-        process.closeWriteChannel();
-        CliResult result;
-        if (!process.waitForFinished(30000)) {
-            process.kill();
-            return result;
-        }
-        result.exitCode = process.exitCode();
-        result.out = process.readAllStandardOutput();
-        result.err = process.readAllStandardError();
-        return result;
+        return run({"compose", direction, group}, true, QString(), json);
     }
 };
 
-QJsonObject decoded(const CliFixture& cli, const QStringList& args) {
-    QJsonParseError error;
-    const QJsonDocument json =
-        QJsonDocument::fromJson(cli.ok(QStringList{"decode"} + args), &error);
-    if (error.error != QJsonParseError::NoError) QTest::qFail("no JSON", __FILE__, __LINE__);
-    return json.object();
+QJsonObject json(const char* text) {
+    return QJsonDocument::fromJson(text).object();
 }
 
 }  // namespace
@@ -87,7 +73,7 @@ class MessageCommandsTest : public QObject {
   private slots:
     void initTestCase() { QStandardPaths::setTestModeEnabled(true); }
 
-    void groupsFollowTheAnswerTags() {
+    void groupsAndLinesAsStored() {
         MessageCli cli;
         const auto before = cli.snapshot();
         // INIT's untagged second line offers its own responses; "*RS3" is no tag, so Beam's
@@ -99,83 +85,48 @@ class MessageCommandsTest : public QObject {
         QCOMPARE(cli.ok({"groups", "orion", "1"}),
                  QByteArray("INIT\tmessages\nBack\tmessages\nReturned\tmessages\n"
                             "Beam\tmessages\nPhaser\tmessages\nHail\tresponses\n"));
-        QCOMPARE(cli.snapshot(), before);
-    }
-
-    void linesAsStored() {
-        MessageCli cli;
         QCOMPARE(cli.ok({"lines", "Orion", "2", "INIT", "message"}),
                  QByteArray("%W2$BOX$Greetings, %RK.*RHail\nWe have nothing to say.\n"));
         QCOMPARE(cli.ok({"lines", "Orion", "2", "Trade", "message"}),
                  QByteArray("Caf\xE9 for sale*RDeal*+EN500\n"));
-        QCOMPARE(cli.ok({"lines", "Orion", "2", "Beam", "message"}),
-                 QByteArray("You land in a crater.*RS3\n"));
         QCOMPARE(cli.ok({"lines", "Orion", "2", "Beam", "response"}), QByteArray());
+        QCOMPARE(cli.snapshot(), before);
         cli.write("ORBDescriptor/Orion.orb", orionDescriptor() + crlf({"MessagesHail=1"}));
         QCOMPARE(cli.ok({"lines", "Orion", "2", "Hail", "message"}), QByteArray("ERR\n"));
     }
 
     void decodeShowsTheEditorsView() {
         MessageCli cli;
-        const QJsonObject welcome =
-            decoded(cli, {"message", "INIT", "%W2%05$BOX$Welcome, %RK.*RTrade*SFB"});
-        QCOMPARE(welcome["wait"].toInt(), 2);
-        QCOMPARE(welcome["percent"].toInt(), 5);
-        QCOMPARE(welcome["display"].toString(), QString("box"));
-        QCOMPARE(welcome["text"].toString(), QString("Welcome, %RK."));
-        QCOMPARE(welcome["answerGroup"].toString(), QString("Trade"));
-        QCOMPARE(welcome["codes"].toArray(), QJsonArray({"*SFB"}));
-
-        const QJsonObject plain = decoded(cli, {"response", "Hail", "%fC%GNOpen^EN*RS3*R!S4"});
-        QCOMPARE(plain["wait"].toInt(), 0);
-        QCOMPARE(plain["percent"].toInt(), 10);
-        QCOMPARE(plain["display"].toString(), QString("standard"));
-        QCOMPARE(plain["answerGroup"].toString(), QString("Hail"));
-        QCOMPARE(plain["codes"].toArray(), QJsonArray({"%fC", "%GN", "*RS3", "*R!S4", "^EN"}));
-
-        const QJsonObject custom = decoded(cli, {"message", "Hail", "$Log$Caf\u00e9*R"});
-        QCOMPARE(custom["display"].toString(), QString("Log"));
-        QCOMPARE(custom["text"].toString(), QString("Caf\u00e9"));
-        QCOMPARE(custom["answerGroup"].toString(), QString("INIT"));
+        QCOMPARE(cli.decode("message", "INIT", "%W2%05$BOX$Welcome, %RK.*RTrade*SFB"),
+                 json(R"({"wait": 2, "percent": 5, "display": "box", "text": "Welcome, %RK.",
+                          "answerGroup": "Trade", "codes": ["*SFB"]})"));
+        QCOMPARE(cli.decode("response", "Hail", "%fC%GNOpen^EN*RS3*R!S4"),
+                 json(R"({"wait": 0, "percent": 10, "display": "standard", "text": "Open",
+                          "answerGroup": "Hail",
+                          "codes": ["%fC", "%GN", "*RS3", "*R!S4", "^EN"]})"));
+        QCOMPARE(cli.decode("message", "Hail", "$Log$Caf\xe9*R"),
+                 json(R"({"wait": 0, "percent": 10, "display": "Log", "text": "Caf\u00e9",
+                          "answerGroup": "INIT", "codes": []})"));
     }
 
     void decodePrefersTheGameFoldersList() {
         MessageCli cli;
-        QVERIFY(decoded(cli, {"message", "Hail", "Hi*ZAP9"})["codes"].toArray().isEmpty());
         QFile::remove(cli.path("SPECIAL.LST"));
         cli.write("special.lst", crlf({"Mine", "*ZAP - Zaps (1) times"}));
-        QCOMPARE(decoded(cli, {"message", "Hail", "Hi*ZAP9*SFA"})["codes"].toArray(),
-                 QJsonArray({"*ZAP9"}));
+        QCOMPARE(cli.decode("message", "Hail", "Hi*ZAP9*SFA")["codes"], QJsonArray({"*ZAP9"}));
         // Without a list in the game folder the program's own copy is used.
         QFile::remove(cli.path("special.lst"));
-        QCOMPARE(decoded(cli, {"message", "Hail", "Hi*SFA"})["codes"].toArray(),
-                 QJsonArray({"*SFA"}));
+        QCOMPARE(cli.decode("message", "Hail", "Hi*ZAP9*SFA")["codes"], QJsonArray({"*SFA"}));
     }
 
-    void composeWritesTheStoredLine() {
+    void composeWritesTheStoredLineAndDecodeThenComposeKeepsIt() {
         MessageCli cli;
-        const CliResult welcome =
-            cli.compose("message", "INIT",
-                        R"({"wait":2,"percent":5,"display":"box","text":"Welcome, %RK.",)"
-                        R"("answerGroup":"Trade","codes":["*SFB"]})");
-        QCOMPARE(welcome.err, QByteArray());
-        QCOMPARE(welcome.out, QByteArray("%W2%05$BOX$Welcome, %RK.*RTrade*SFB\n"));
-        const CliResult least = cli.compose("response", "Hail", R"({"text":"Caf\u00e9"})");
-        QCOMPARE(least.out, QByteArray("Caf\xE9\n"));
-        const CliResult home =
-            cli.compose("response", "Hail", R"({"text":"Home","answerGroup":"INIT"})");
-        QCOMPARE(home.out, QByteArray("Home*M\n"));
-    }
-
-    void decodeThenComposeKeepsTheLine() {
-        MessageCli cli;
-        struct Line {
-            QString direction;
-            QString group;
-            QByteArray stored;
-        };
-        const QList<Line> lines = {
-            {"message", "INIT", "%W2$BOX$Greetings, %RK.*RHail"},
+        QCOMPARE(cli.compose("response", "Hail", R"({"text":"Caf\u00e9"})").out,
+                 QByteArray("Caf\xE9\n"));
+        QCOMPARE(cli.compose("response", "Hail", R"({"text":"Home","answerGroup":"INIT"})").out,
+                 QByteArray("Home*M\n"));
+        const QList<std::tuple<QString, QString, QByteArray>> lines = {
+            {"message", "INIT", "%W2%05$BOX$Welcome, %RK.*RTrade*SFB"},
             {"message", "Hail", "%F3%W9%00$Captain's Log$Day one ^EN^PT*RTrade*DS3*D!S0*+ENM500"},
             {"message", "Trade", "Caf\xE9 for sale*RDeal*+EN500"},
             {"message", "Beam", "You land in a crater.*RS3*R!S4*FALL*TREATY*-TI2*SP3"},
@@ -183,13 +134,11 @@ class MessageCommandsTest : public QObject {
             {"response", "Hail", "%FATrade?*MTrade*SFB*NOTREATY"},
             {"response", "Area11", "%f7Go south*MArea12"},
         };
-        for (const Line& line : lines) {
-            const QByteArray json = QJsonDocument(decoded(cli, {line.direction, line.group,
-                                                                QString::fromLatin1(line.stored)}))
-                                        .toJson();
-            const CliResult back = cli.compose(line.direction, line.group, json);
+        for (const auto& [direction, group, stored] : lines) {
+            const QByteArray decoded = QJsonDocument(cli.decode(direction, group, stored)).toJson();
+            const CliResult back = cli.compose(direction, group, decoded);
             QCOMPARE(back.err, QByteArray());
-            QCOMPARE(back.out, line.stored + "\n");
+            QCOMPARE(back.out, stored + "\n");
         }
     }
 
@@ -197,8 +146,6 @@ class MessageCommandsTest : public QObject {
         MessageCli cli;
         QCOMPARE(cli.fails({"groups", "Orion", "3"}),
                  QString("There is no planet 3 in 'Orion': it has 2 planets."));
-        QCOMPARE(cli.fails({"groups", "Nowhere", "1"}),
-                 QString("There is no system named 'Nowhere'."));
         QCOMPARE(cli.fails({"lines", "Orion", "2", "Hail", "messages"}),
                  QString("The list must be 'message' or 'response', not 'messages'."));
         QCOMPARE(cli.fails({"decode", "information", "Hail", "x"}),

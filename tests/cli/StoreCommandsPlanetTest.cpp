@@ -1,5 +1,6 @@
 // orrerion-cli: the planet commands (add, insert, delete, swap, clear) give the same descriptor
-// as the editor's canvas and order commands, and refuse what the editor refuses.
+// as the editor's canvas and order commands, refuse what the editor refuses, and leave no
+// working copy behind.
 
 #include <QStandardPaths>
 #include <QtTest>
@@ -9,11 +10,12 @@
 
 using orr::clitest::CliFixture;
 using orr::clitest::crlf;
+using orr::clitest::plainDescriptor;
+using orr::clitest::vegaDescriptor;
 
 namespace {
 
 const QString kVega = "ORBDescriptor/Vega.orb";
-const QString kLyra = "ORBDescriptor/Lyra.orb";
 
 }  // namespace
 
@@ -23,30 +25,31 @@ class StoreCommandsPlanetTest : public QObject {
   private:
     CliFixture cli;
 
-    // No working copy may stay behind after a command, whatever its outcome.
-    void verifyNoWorkingCopies() {
-        QVERIFY(!cli.exists("ORBDescriptor/Vega.edt"));
-        QVERIFY(!cli.exists("ORBDescriptor/Lyra.edt"));
-    }
-
   private slots:
     void initTestCase() { QStandardPaths::setTestModeEnabled(true); }
 
     void init() {
         cli.freshFolder();
-        cli.write(kVega, orr::clitest::vegaDescriptor());
-        cli.write(kLyra, orr::clitest::lyraDescriptor());
+        cli.write(kVega, vegaDescriptor());
     }
 
-    void cleanup() { verifyNoWorkingCopies(); }
+    void cleanup() { QCOMPARE(QDir(cli.path("ORBDescriptor")).entryList({"*.edt"}), {}); }
 
-    void addPlanetAppendsOneOrbitFurtherOut() {
+    void addAndInsertPlanetGiveTheEditorsFile() {
         cli.ok({"add-planet", "Vega"});
         QCOMPARE(cli.read(kVega),
                  crlf({"[General]", "PlanetPics=YNNN", "Messages=NYNN", "", ";SolarSystem",
                        ";\"Vega                \",0,4", ";400,2,0,0,1,0", ";430,3,1,5,13,7",
                        ";460,4,2,9,14,0", ";490,2,0,0,1,0", "[Names]", "S=Bright star", "1=First",
                        "3=Third", "[1]", "Info=one", "[3]", "Info=three"}));
+        // The new planet takes the orbit of the one it precedes; the later ones move out.
+        cli.write(kVega, vegaDescriptor());
+        cli.ok({"insert-planet", "Vega", "1"});
+        QCOMPARE(cli.read(kVega),
+                 crlf({"[General]", "PlanetPics=NYNN", "Messages=NNYN", "", ";SolarSystem",
+                       ";\"Vega                \",0,4", ";400,2,0,0,1,0", ";430,2,0,0,1,0",
+                       ";460,3,1,5,13,7", ";490,4,2,9,14,0", "[Names]", "S=Bright star", "2=First",
+                       "4=Third", "[2]", "Info=one", "[4]", "Info=three"}));
     }
 
     void addPlanetMakesRoomAtTheOuterEdge() {
@@ -58,57 +61,27 @@ class StoreCommandsPlanetTest : public QObject {
         QVERIFY(cli.read("ORBDescriptor/Rim.orb")
                     .contains(";1900,1,0,0,1,0\r\n;1950,1,0,0,1,0\r\n;1970,1,0,0,1,0\r\n"
                               ";2000,2,0,0,1,0\r\n"));
-
-        // Orbits so crowded that planet 1 would have to move too: nothing is added.
+        // Orbits so crowded that planet 1 would have to move too, or ten planets: refused.
         const QByteArray crowded = crlf({"[General]", "PlanetPics=NNN", "Messages=NNN", "",
-                                         ";SolarSystem", ";\"Crowd               \",0,3",
+                                         ";SolarSystem", ";\"Rim                 \",0,3",
                                          ";1975,1,0,0,1,0", ";1980,1,0,0,1,0", ";2000,1,0,0,1,0"});
-        cli.write("ORBDescriptor/Crowd.orb", crowded);
-        QVERIFY(cli.fails({"add-planet", "Crowd"}).contains("too crowded"));
-        QCOMPARE(cli.read("ORBDescriptor/Crowd.orb"), crowded);
-        QVERIFY(!cli.exists("ORBDescriptor/Crowd.edt"));
-    }
-
-    void anEleventhPlanetIsRefused() {
-        const QByteArray full = orr::clitest::plainDescriptor("Full", 10);
-        cli.write("ORBDescriptor/Full.orb", full);
+        cli.write("ORBDescriptor/Rim.orb", crowded);
+        QVERIFY(cli.fails({"add-planet", "Rim"}).contains("too crowded"));
+        QCOMPARE(cli.read("ORBDescriptor/Rim.orb"), crowded);
+        cli.write("ORBDescriptor/Full.orb", plainDescriptor("Full", 10));
         const QString message = "This system has the maximum number of planets.";
         QCOMPARE(cli.fails({"add-planet", "Full"}), message);
         QCOMPARE(cli.fails({"insert-planet", "Full", "3"}), message);
-        QCOMPARE(cli.read("ORBDescriptor/Full.orb"), full);
-        QVERIFY(!cli.exists("ORBDescriptor/Full.edt"));
-        // Nine planets take a tenth.
-        cli.write("ORBDescriptor/Nine.orb", orr::clitest::plainDescriptor("Nine", 9));
-        cli.ok({"add-planet", "Nine"});
-        QVERIFY(cli.read("ORBDescriptor/Nine.orb").contains("\",0,10\r\n"));
-        QCOMPARE(cli.fails({"add-planet", "Nine"}), message);
-    }
-
-    void insertPlanetTakesTheOrbitOfThePlanetItPrecedes() {
-        cli.ok({"insert-planet", "Lyra", "2"});
-        QCOMPARE(cli.read(kLyra), crlf({"[General]",      "PlanetPics=YNNYN",
-                                        "Messages=NNNYY", "",
-                                        ";SolarSystem",   ";\"Lyra                \",1,5",
-                                        ";400,1,0,0,1,0", ";500,2,0,0,1,0",
-                                        ";600,2,0,0,2,0", ";700,3,0,0,3,0",
-                                        ";730,4,0,0,4,0", "[Names]",
-                                        "3=Two",          "4=Three",
-                                        "5=Four",         "[3]",
-                                        "Info=two",       "[4]",
-                                        "Info=three",     "[5]",
-                                        "Info=four"}));
+        QCOMPARE(cli.read("ORBDescriptor/Full.orb"), plainDescriptor("Full", 10));
     }
 
     void deletePlanetMovesTheLaterPlanetsInward() {
-        cli.ok({"delete-planet", "Lyra", "2"});
-        QCOMPARE(cli.read(kLyra),
-                 crlf({"[General]", "PlanetPics=YYN", "Messages=NYY", "", ";SolarSystem",
-                       ";\"Lyra                \",1,3", ";400,1,0,0,1,0", ";500,3,0,0,3,0",
-                       ";600,4,0,0,4,0", "[Names]", "2=Three", "3=Four", "[2]", "Info=three", "[3]",
-                       "Info=four"}));
-        // Down to no planets, one at a time.
-        cli.ok({"delete-planet", "Vega", "3"});
         cli.ok({"delete-planet", "Vega", "1"});
+        QCOMPARE(cli.read(kVega),
+                 crlf({"[General]", "PlanetPics=NN", "Messages=YN", "", ";SolarSystem",
+                       ";\"Vega                \",0,2", ";400,3,1,5,13,7", ";430,4,2,9,14,0",
+                       "[Names]", "S=Bright star", "2=Third", "[2]", "Info=three"}));
+        cli.ok({"delete-planet", "Vega", "2"});
         cli.ok({"delete-planet", "Vega", "1"});
         QCOMPARE(cli.read(kVega),
                  crlf({"[General]", "PlanetPics=", "Messages=", "", ";SolarSystem",
@@ -117,21 +90,16 @@ class StoreCommandsPlanetTest : public QObject {
                  QString("There is no planet 1 in 'Vega': it has no planets."));
     }
 
-    void swapPlanetsExchangesEverythingButTheOrbits() {
+    void swapAndClearPlanets() {
         cli.ok({"swap-planets", "Vega", "1", "3"});
         QCOMPARE(cli.read(kVega),
                  crlf({"[General]", "PlanetPics=NNY", "Messages=NYN", "", ";SolarSystem",
                        ";\"Vega                \",0,3", ";400,4,2,9,14,0", ";430,3,1,5,13,7",
                        ";460,2,0,0,1,0", "[Names]", "S=Bright star", "3=First", "1=Third", "[3]",
                        "Info=one", "[1]", "Info=three"}));
-        // Swapping back restores the file exactly; a planet with itself changes nothing.
+        // Swapping back restores the file exactly.
         cli.ok({"swap-planets", "Vega", "3", "1"});
-        QCOMPARE(cli.read(kVega), orr::clitest::vegaDescriptor());
-        cli.ok({"swap-planets", "Vega", "2", "2"});
-        QCOMPARE(cli.read(kVega), orr::clitest::vegaDescriptor());
-    }
-
-    void clearPlanetsRemovesPlanetsNamesAndSections() {
+        QCOMPARE(cli.read(kVega), vegaDescriptor());
         cli.ok({"clear-planets", "Vega"});
         QCOMPARE(cli.read(kVega),
                  crlf({"[General]", "PlanetPics=YNN", "Messages=NYN", "", ";SolarSystem",
@@ -142,12 +110,8 @@ class StoreCommandsPlanetTest : public QObject {
         const auto before = cli.snapshot();
         QCOMPARE(cli.fails({"insert-planet", "Vega", "4"}),
                  QString("There is no planet 4 in 'Vega': it has 3 planets."));
-        QCOMPARE(cli.fails({"insert-planet", "Vega", "0"}),
-                 QString("There is no planet 0 in 'Vega': it has 3 planets."));
         QCOMPARE(cli.fails({"delete-planet", "Vega", "-1"}),
                  QString("There is no planet -1 in 'Vega': it has 3 planets."));
-        QCOMPARE(cli.fails({"swap-planets", "Vega", "1", "x"}),
-                 QString("'x' is not a planet number."));
         QCOMPARE(cli.fails({"swap-planets", "Vega", "1", "99999999999"}),
                  QString("'99999999999' is not a planet number."));
         QCOMPARE(cli.fails({"add-planet", "Nowhere"}),

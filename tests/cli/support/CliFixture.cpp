@@ -88,7 +88,8 @@ QString CliFixture::path(const QString& relative) const {
     return game_ + "/" + relative;
 }
 
-CliResult CliFixture::run(const QStringList& args, bool withGameDir, const QString& workDir) const {
+CliResult CliFixture::run(const QStringList& args, bool withGameDir, const QString& workDir,
+                          const QByteArray& input) const {
     CliResult result;
     if (!QFileInfo::exists(cliPath())) {
         QTest::qFail("orrerion-cli is not built; build the orrerion-cli target first", __FILE__,
@@ -100,6 +101,8 @@ CliResult CliFixture::run(const QStringList& args, bool withGameDir, const QStri
     QStringList all;
     if (withGameDir) all << "--game-dir" << game_;
     process.start(cliPath(), all + args);
+    process.write(input);
+    process.closeWriteChannel();
     if (!process.waitForFinished(30000)) {
         process.kill();
         QTest::qFail("orrerion-cli did not finish", __FILE__, __LINE__);

@@ -40,9 +40,9 @@ class CliFixture {
     QString path(const QString& relative) const;
 
     // Runs orrerion-cli --game-dir <game> args... (workDir: the current folder of the run;
-    // withGameDir false leaves --game-dir out).
+    // withGameDir false leaves --game-dir out; input: the bytes on standard input).
     CliResult run(const QStringList& args, bool withGameDir = true,
-                  const QString& workDir = QString()) const;
+                  const QString& workDir = QString(), const QByteArray& input = {}) const;
     // Runs and requires exit code 0 and an empty stderr; returns stdout.
     QByteArray ok(const QStringList& args) const;
     // Runs and requires exit code 1, nothing on stdout and exactly one stderr line

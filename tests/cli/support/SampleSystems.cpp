@@ -11,29 +11,6 @@ QByteArray vegaDescriptor() {
                  "Info=one", "[3]", "Info=three"});
 }
 
-QByteArray lyraDescriptor() {
-    return crlf({"[General]",
-                 "PlanetPics=YNYN",
-                 "Messages=NNYY",
-                 "",
-                 ";SolarSystem",
-                 ";\"Lyra                \",1,4",
-                 ";400,1,0,0,1,0",
-                 ";500,2,0,0,2,0",
-                 ";600,3,0,0,3,0",
-                 ";700,4,0,0,4,0",
-                 "[Names]",
-                 "2=Two",
-                 "3=Three",
-                 "4=Four",
-                 "[2]",
-                 "Info=two",
-                 "[3]",
-                 "Info=three",
-                 "[4]",
-                 "Info=four"});
-}
-
 QByteArray plainDescriptor(const char* displayName, int count) {
     const QByteArray flags(count, 'N');
     QByteArray text = "[General]\r\nPlanetPics=" + flags + "\r\nMessages=" + flags +

@@ -10,10 +10,6 @@ namespace orr::clitest {
 // description; names for planets 1 and 3; sections [1] and [3].
 QByteArray vegaDescriptor();
 
-// Lyra: star type 1, four planets at 400..700 whose size and class equal their number;
-// PlanetPics YNYN, Messages NNYY; names and sections for planets 2, 3 and 4.
-QByteArray lyraDescriptor();
-
 // A system with `count` planets 30 units apart from 400 on, all flags N, no names.
 QByteArray plainDescriptor(const char* displayName, int count);
 
