@@ -1,9 +1,17 @@
-// Key names of the message lists and the list changes the editor and the command-line tool make.
+// Key names of the message lists, the list changes the editor and the command-line tool make,
+// flag characters and descriptions, and a planet's keys in a real descriptor.
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <random>
+
 #include "core/messages/support/MemoryMessageStore.h"
+#include "messages/Flags.h"
 #include "messages/MessageList.h"
+#include "messages/PlanetMessageStore.h"
 
 namespace orr {
 namespace {
@@ -14,22 +22,20 @@ using Keys = std::map<std::string, std::string>;
 TEST(MessageKeys, KeyTable) {
     const auto keys = [](const char* group, Direction direction) {
         const MessageKeyPair pair = messageKeys(group, direction);
-        return pair.countKey + " " + pair.itemKey(1);
+        return pair.countKey + " " + pair.itemKey(12);
     };
-    EXPECT_EQ(keys("INIT", Direction::Message), "Messages Message1");
-    EXPECT_EQ(keys("", Direction::Message), "Messages Message1");
-    EXPECT_EQ(keys("INIT", Direction::Response), "Responses Response1");
-    EXPECT_EQ(keys("Hail", Direction::Message), "MessagesHail MessageHail1");
-    EXPECT_EQ(keys("BeamUp", Direction::Message), "MessagesBeamUp MessageBeamUp1");
-    EXPECT_EQ(keys("Beam", Direction::Message), "BeamMessages Beam1");
-    EXPECT_EQ(keys("Beam", Direction::Response), "ResponsesBeam ResponseBeam1");
+    EXPECT_EQ(keys("INIT", Direction::Message), "Messages Message12");
+    EXPECT_EQ(keys("", Direction::Message), "Messages Message12");
+    EXPECT_EQ(keys("INIT", Direction::Response), "Responses Response12");
+    EXPECT_EQ(keys("Hail", Direction::Message), "MessagesHail MessageHail12");
+    EXPECT_EQ(keys("BeamUp", Direction::Message), "MessagesBeamUp MessageBeamUp12");
+    EXPECT_EQ(keys("Beam", Direction::Message), "BeamMessages Beam12");
+    EXPECT_EQ(keys("Beam", Direction::Response), "ResponsesBeam ResponseBeam12");
     EXPECT_EQ(keys("Hail", Direction::Information), " Info");
-    EXPECT_EQ(messageKeys("Hail", Direction::Response).itemKey(12), "ResponseHail12");
     EXPECT_EQ(ignoreGroup("Hail"), "IgnoreHail");
     EXPECT_EQ(ignoreGroup("INIT"), "Ignore");
     EXPECT_EQ(phaserGroup("Hail"), "HailPhaser");
     EXPECT_EQ(phaserGroup(""), "Phaser");
-    EXPECT_EQ(keys("IgnoreHail", Direction::Message), "MessagesIgnoreHail MessageIgnoreHail1");
     EXPECT_EQ(flagDescriptionKey('7'), "Flag7");
 }
 
@@ -55,7 +61,7 @@ TEST_F(MessageListTest, ReadsTheCountedLines) {
     EXPECT_EQ(list.count(), kMaxListCount);
 }
 
-TEST_F(MessageListTest, RemovingTheSecondOfThree) {
+TEST_F(MessageListTest, RemovingMovesTheLaterLinesUp) {
     EXPECT_TRUE(list.remove(2));
     EXPECT_EQ(store.keys,
               (Keys{{"MessagesHail", "2"}, {"MessageHail1", "one"}, {"MessageHail2", "three"}}));
@@ -64,9 +70,9 @@ TEST_F(MessageListTest, RemovingTheSecondOfThree) {
     EXPECT_TRUE(list.remove(2));
     EXPECT_TRUE(list.remove(1));
     EXPECT_EQ(store.keys, (Keys{{"MessagesHail", "0"}}));
-}
 
-TEST_F(MessageListTest, RemovingKeepsAMissingLineMissing) {
+    // A missing line stays missing.
+    SetUp();
     store.keys.erase("MessageHail3");
     EXPECT_TRUE(list.remove(1));
     EXPECT_EQ(store.keys, (Keys{{"MessagesHail", "2"}, {"MessageHail1", "two"}}));
@@ -82,7 +88,7 @@ TEST_F(MessageListTest, ClearAllKeepsTheOldLinesUntilOverwritten) {
     EXPECT_EQ(list.lines(), Lines{"new"});
 }
 
-TEST_F(MessageListTest, SwapAndStore) {
+TEST_F(MessageListTest, SwapStoreAndFailedWrites) {
     EXPECT_TRUE(list.swap(2));
     EXPECT_EQ(list.lines(), (Lines{"one", "three", "two"}));
     EXPECT_FALSE(list.swap(3));
@@ -90,9 +96,6 @@ TEST_F(MessageListTest, SwapAndStore) {
     EXPECT_TRUE(list.store(1, "first"));
     EXPECT_TRUE(list.append("four"));
     EXPECT_EQ(list.lines(), (Lines{"first", "three", "two", "four"}));
-}
-
-TEST_F(MessageListTest, FailedWritesAreReported) {
     store.failWrites = true;
     EXPECT_FALSE(list.append("x"));
     EXPECT_FALSE(list.remove(1));
@@ -106,6 +109,91 @@ TEST(MessageList, Information) {
     EXPECT_EQ(store.keys, (Keys{{"Info", "A quiet world."}}));
     EXPECT_TRUE(info.remove(1));
     EXPECT_TRUE(store.keys.empty());
+}
+
+TEST(Flags, CharactersAndIndexes) {
+    EXPECT_EQ(FlagIndex("Z"), 25);
+    EXPECT_EQ(FlagIndex("7"), 33);
+    EXPECT_EQ(FlagIndex(""), 0);
+    EXPECT_EQ(FlagIndex("a"), 26);  // not a capital: its numeric value 0, + 26
+    for (int index = 0; index < kFlagCount; ++index)
+        EXPECT_EQ(FlagIndex(std::string(1, FlagChar(index))), index) << index;
+    EXPECT_EQ(FlagChar(99), 'A');
+}
+
+TEST(Flags, DescriptionsAndChooserItems) {
+    test::MemoryMessageStore store;
+    store.keys = {{"Flag7", "Door open"}};
+    EXPECT_FALSE(IsUsableFlagDescription(""));
+    EXPECT_FALSE(IsUsableFlagDescription("Unused"));
+    EXPECT_TRUE(SaveFlagDescription(store, 'C', "Met the ambassador"));
+    EXPECT_EQ(store.keys.at("FlagC"), "Met the ambassador");
+    const std::vector<std::string> items = LoadFlagItems(store);
+    ASSERT_EQ(items.size(), 36u);
+    EXPECT_EQ(items[0], "A - Unused");
+    EXPECT_EQ(items[2], "C - Met the ambassador");
+    EXPECT_EQ(items[26], "0 - Unused");
+    EXPECT_EQ(items[33], "7 - Door open");
+    EXPECT_EQ(FlagItemDescription(items[2]), "Met the ambassador");
+    store.failWrites = true;
+    EXPECT_FALSE(SaveFlagDescription(store, 'D', "x"));
+}
+
+namespace fs = std::filesystem;
+
+// A planet's keys in a real descriptor: reads ignore the custom-messages switch, empty values
+// delete, and list changes keep the rest of the file.
+class PlanetMessageStoreTest : public ::testing::Test {
+  protected:
+    fs::path root;
+    fs::path descriptor;
+    SystemStore system;
+
+    void SetUp() override {
+        std::random_device random;
+        root = fs::temp_directory_path() / ("orr-planet-" + std::to_string(random()));
+        fs::create_directories(root / "ORBDescriptor");
+        std::ofstream(root / "voidrunner.exe") << "MZ";
+        descriptor = root / "ORBDescriptor" / "Kestrel.orb";
+        std::ofstream(descriptor, std::ios::binary)
+            << "[General]\r\nPlanetPics=NN\r\nMessages=NN\r\n\r\n;SolarSystem\r\n"
+               ";\"Kestrel             \",0,2\r\n;400,2,0,0,1,0\r\n;430,2,0,0,1,0\r\n"
+               "[2]\r\nMessages=1\r\nMessage1=Welcome\r\n";
+        system.setFolder(GameFolder(root));
+        system.LoadSystem("Kestrel");
+    }
+    void TearDown() override { fs::remove_all(root); }
+
+    std::string file() const {
+        std::ifstream in(descriptor, std::ios::binary);
+        return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+    }
+};
+
+TEST_F(PlanetMessageStoreTest, ReadsWhateverTheSwitchSaysAndDeletesEmptyValues) {
+    PlanetMessageStore planet(system, 2);
+    EXPECT_EQ(system.GetPlanetKey(2, "Message1"), "NO");
+    EXPECT_EQ(planet.GetMessage("Message1"), "Welcome");
+    EXPECT_EQ(planet.GetMessage("Message2"), "ERR");
+    EXPECT_EQ(PlanetMessageStore(system, 1).GetMessage("Message1"), "ERR");
+
+    EXPECT_TRUE(planet.PutMessage("FlagC", "Met the ambassador"));
+    EXPECT_TRUE(planet.PutMessage("Message1", ""));
+    EXPECT_TRUE(planet.PutMessage("Message9", ""));  // already absent
+    EXPECT_EQ(file().find("Message1="), std::string::npos);
+    EXPECT_NE(file().find("[2]\r\nMessages=1\r\nFlagC=Met the ambassador\r\n"), std::string::npos);
+}
+
+TEST_F(PlanetMessageStoreTest, ListChangesKeepTheDescriptorWhole) {
+    PlanetMessageStore planet(system, 1);
+    MessageList list(planet, "Hail", Direction::Response);
+    ASSERT_TRUE(list.append("Who are you?*MWho"));
+    ASSERT_TRUE(list.append("Goodbye*MBack"));
+    ASSERT_TRUE(list.remove(1));
+    EXPECT_EQ(list.lines(), std::vector<std::string>{"Goodbye*MBack"});
+    EXPECT_NE(file().find("[1]\r\nResponseHail1=Goodbye*MBack\r\nResponsesHail=1\r\n"),
+              std::string::npos);
+    EXPECT_NE(file().find("Message1=Welcome"), std::string::npos);
 }
 
 }  // namespace
