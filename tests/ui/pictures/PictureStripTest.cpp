@@ -103,66 +103,42 @@ class PictureStripTest : public QObject {
         QCOMPARE(composed.pixelColor(PictureStrip::kCellWidth + 20, 50), QColor(Qt::black));
     }
 
-    void swappingKeepsPicturesWithTheirPlanets() {
+    void swapsAndSlotChangesMarkDirtyOnlyWhenAPictureMoves() {
         PictureStrip strip;
         strip.SetupPics(3);
         strip.setPicture(2, filled(5, 5, Qt::red));
-        strip.clearDirty();
-
-        strip.SwapPictures(1, 3);  // two planets without pictures: the strip is unchanged
-        QVERIFY(!strip.isDirty());
-        strip.SwapPictures(3, 2);
-        QVERIFY(strip.isDirty());
-        QVERIFY(!strip.hasPicture(2));
-        QCOMPARE(strip.picture(3).pixelColor(0, 0), QColor(Qt::red));
-
-        strip.clearDirty();
-        strip.SwapPictures(0, 3);
-        strip.SwapPictures(3, 4);
-        QVERIFY(!strip.isDirty());
-        QVERIFY(strip.hasPicture(3));
-
-        orr::PictureSlots& planetSlots = strip;
-        planetSlots.swapPictures(3, 1);
-        QVERIFY(strip.hasPicture(1));
-        QVERIFY(strip.isDirty());
-    }
-
-    void slotChangesMarkDirtyOnlyWhenThereArePictures() {
-        PictureStrip strip;
-        strip.SetupPics(2);
-        orr::PictureSlots& planetSlots = strip;
-        planetSlots.addPictureSlot();
-        QCOMPARE(strip.count(), 3);
-        QVERIFY(!strip.isDirty());
-        planetSlots.dropLastPictureSlot();
-        QVERIFY(!strip.isDirty());
-
-        strip.setPicture(1, filled(5, 5, Qt::red));
-        strip.clearDirty();
-        planetSlots.addPictureSlot();
-        QVERIFY(strip.isDirty());
-        strip.clearDirty();
-        planetSlots.dropLastPictureSlot();
-        QCOMPARE(strip.count(), 2);
-        QVERIFY(strip.isDirty());
-
-        strip.clearDirty();
-        planetSlots.resetPictures(0);  // Clear Planets: the saved strip must go
-        QCOMPARE(strip.count(), 0);
-        QVERIFY(strip.isDirty());
-    }
-
-    void setupGivesEmptyCleanPictures() {
-        PictureStrip strip;
-        strip.SetupPics(2);
-        strip.setPicture(2, filled(5, 5, Qt::red));
-        strip.SetupPics(5);
-        QCOMPARE(strip.count(), 5);
+        strip.SetupPics(3);  // a fresh setup forgets the pictures and the mark
         QVERIFY(!strip.hasAnyPicture());
         QVERIFY(!strip.isDirty());
         strip.setPicture(6, filled(5, 5, Qt::red));  // no such planet
         QVERIFY(!strip.isDirty());
+        orr::PictureSlots& planetSlots = strip;
+        planetSlots.addPictureSlot();
+        QCOMPARE(strip.count(), 4);
+        planetSlots.dropLastPictureSlot();
+        strip.SwapPictures(1, 3);  // two planets without pictures: the strip is unchanged
+        QVERIFY(!strip.isDirty());
+
+        strip.setPicture(2, filled(5, 5, Qt::red));
+        strip.clearDirty();
+        strip.SwapPictures(0, 3);
+        strip.SwapPictures(3, 4);
+        QVERIFY(!strip.isDirty());
+        planetSlots.swapPictures(3, 2);
+        QVERIFY(strip.isDirty());
+        QVERIFY(!strip.hasPicture(2));
+        QCOMPARE(strip.picture(3).pixelColor(0, 0), QColor(Qt::red));
+        for (const auto change :
+             {&orr::PictureSlots::addPictureSlot, &orr::PictureSlots::dropLastPictureSlot}) {
+            strip.clearDirty();
+            (planetSlots.*change)();
+            QVERIFY(strip.isDirty());
+        }
+        QCOMPARE(strip.count(), 3);
+        strip.clearDirty();
+        planetSlots.resetPictures(0);  // Clear Planets: the saved strip must go
+        QCOMPARE(strip.count(), 0);
+        QVERIFY(strip.isDirty());
     }
 
     void stripFilesAreThoseOfTheSystemOnly() {

