@@ -1,11 +1,9 @@
-// The bundled demo game folder is sound: Windows text files, a system list the game and the
-// editor read to the end, enough alien names, and a custom system whose descriptor, dialogue
-// and pictures fit together.
+// The bundled demo game folder is sound: Windows text files, enough alien names, and a custom
+// system whose descriptor, dialogue and pictures fit together. (That the system list is read to
+// its end shows in the command tests' "offered" output.)
 
 #include <QDir>
 #include <QFile>
-#include <QMap>
-#include <QSet>
 #include <QStandardPaths>
 #include <QtEndian>
 #include <QtTest>
@@ -16,7 +14,6 @@
 #include "messages/MessageGroups.h"
 #include "messages/MessageList.h"
 #include "messages/PlanetMessageStore.h"
-#include "store/SystemList.h"
 #include "store/SystemStore.h"
 
 using orr::clitest::demoFolder;
@@ -57,25 +54,6 @@ class DemoFolderTest : public QObject {
         const QList<QByteArray> aliens = demoFile("aliens.txt").trimmed().split('\n');
         QVERIFY(aliens.size() >= 20);
         for (const QByteArray& name : aliens) QVERIFY(!name.trimmed().isEmpty());
-    }
-
-    void theSystemListIsReadToTheEnd() {
-        const QByteArray text = demoFile("SOLARSYS.TXT");
-        const auto systems =
-            orr::ReadSystemList(std::filesystem::path(demoFolder().toStdString()) / "SOLARSYS.TXT");
-        QCOMPARE(qsizetype(systems.size()), text.count("\r\n\"") + (text.startsWith('"') ? 1 : 0));
-        // Among them a hidden "#" system and a name listed twice with other planet counts.
-        QMap<QString, QSet<int>> countsByName;
-        bool hasHash = false;
-        for (const auto& system : systems) {
-            const QString name = QString::fromStdString(system.record.trimmedDisplayName());
-            hasHash = hasHash || name.contains('#');
-            countsByName[name].insert(system.record.PlanetCount);
-            for (int n = 2; n <= system.record.PlanetCount; ++n)
-                QVERIFY(system.record.planet(n).Position > system.record.planet(n - 1).Position);
-        }
-        QVERIFY(hasHash);
-        QVERIFY(countsByName.size() < qsizetype(systems.size()));
     }
 
     void theCustomSystemLoadsWithItsPicturesAndCompleteDialogue() {

@@ -128,10 +128,7 @@ class MessageCommandsTest : public QObject {
         const QList<std::tuple<QString, QString, QByteArray>> lines = {
             {"message", "INIT", "%W2%05$BOX$Welcome, %RK.*RTrade*SFB"},
             {"message", "Hail", "%F3%W9%00$Captain's Log$Day one ^EN^PT*RTrade*DS3*D!S0*+ENM500"},
-            {"message", "Trade", "Caf\xE9 for sale*RDeal*+EN500"},
             {"message", "Beam", "You land in a crater.*RS3*R!S4*FALL*TREATY*-TI2*SP3"},
-            {"message", "Hail", "Back home*R"},
-            {"response", "Hail", "%FATrade?*MTrade*SFB*NOTREATY"},
             {"response", "Area11", "%f7Go south*MArea12"},
         };
         for (const auto& [direction, group, stored] : lines) {

@@ -17,25 +17,14 @@ QString cliPath() {
     return QStringLiteral(ORRERION_BINARY_DIR "/bin/orrerion-cli");
 }
 
+// Throws when the copy fails, which ends the test run loudly.
 void copyFolder(const QString& from, const QString& to) {
-    QDir().mkpath(to);
-    QDirIterator it(from, QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot | QDir::Hidden,
-                    QDirIterator::Subdirectories);
-    while (it.hasNext()) {
-        const QString source = it.next();
-        const QString target = to + "/" + QDir(from).relativeFilePath(source);
-        if (it.fileInfo().isDir()) {
-            QDir().mkpath(target);
-        } else if (!QFile::copy(source, target)) {
-            QTest::qFail(qPrintable("cannot copy " + source), __FILE__, __LINE__);
-        }
-    }
+    namespace fs = std::filesystem;
+    const fs::path target = QFile::encodeName(to).toStdString();
+    fs::copy(QFile::encodeName(from).toStdString(), target, fs::copy_options::recursive);
     // Copies keep the source's read-only bits; the tests change the files.
-    QDirIterator files(to, QDir::Files, QDirIterator::Subdirectories);
-    while (files.hasNext()) {
-        QFile file(files.next());
-        file.setPermissions(file.permissions() | QFile::WriteOwner);
-    }
+    for (const auto& entry : fs::recursive_directory_iterator(target))
+        fs::permissions(entry.path(), fs::perms::owner_write, fs::perm_options::add);
 }
 
 }  // namespace
