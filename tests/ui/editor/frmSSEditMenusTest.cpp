@@ -291,19 +291,38 @@ class frmSSEditMenusTest : public QObject {
         QVERIFY(h.descriptor("Nova").find(";430,2,") != std::string::npos);
     }
 
-    void setOrderExchangesPlanets() {
+    void setOrderExchangesPlanetsEverywhereButTheEndsStay() {
         MainWindowHarness h;
         openNova(h, 3);
-        h.onDialog([](QDialog& dialog) {
+        const QColor birch = pictureColour(h, 2);
+        const QColor cedar = pictureColour(h, 3);
+        QStringList listed;
+        h.onDialog([&](QDialog& dialog) {
             auto* order = qobject_cast<frmOrder*>(&dialog);
             QVERIFY(order);
-            order->lstPlanets->setCurrentRow(2);
+            for (int i = 0; i < order->lstPlanets->count(); ++i)
+                listed << order->lstPlanets->item(i)->text();
+            const std::string before = h.descriptor("Nova");
+            order->lstPlanets->setCurrentRow(0);
             order->cmdUp->click();
+            order->lstPlanets->setCurrentRow(2);
+            order->cmdDown->click();
+            QCOMPARE(h.descriptor("Nova"), before);  // the ends do not move further
+            order->cmdUp->click();
+            QCOMPARE(order->lstPlanets->currentRow(), 1);
             order->cmdClose->click();
         });
         h.action("mnuPOrder")->trigger();
         QCOMPARE(h.dialogsRun(), 1);
+        QCOMPARE(listed, QStringList({"Ash", "Birch", "Cedar"}));
+        // Names, flags, sections and pictures went with the planets; the orbits stayed.
         QCOMPARE(names(h), std::string("Ash,Cedar,Birch,"));
+        QCOMPARE(h.store().GetGeneralFlag(kMessagesFlag, 3), 1);
+        QVERIFY(h.descriptor("Nova").find("[2]\r\nInfo=cedar\r\n") != std::string::npos);
+        QCOMPARE(pictureColour(h, 2), cedar);
+        QCOMPARE(pictureColour(h, 3), birch);
+        QCOMPARE(h.record().planet(2).Position, 700);
+        QVERIFY(h.descriptor("Nova").find(systemBlockText(h.record())) != std::string::npos);
     }
 
     void displayNameIsEditedInPlace() {
