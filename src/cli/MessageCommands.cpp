@@ -161,8 +161,25 @@ int numberField(const QJsonObject& json, const char* key, int fallback, int max)
     return static_cast<int>(number);
 }
 
+// decode lists the codes it could not read under "dropped"; composing without them would lose
+// them from the line for good, so such a line is refused rather than quietly shortened.
+void refuseDroppedCodes(const QJsonObject& json) {
+    const QJsonValue dropped = json["dropped"];
+    if (dropped.isUndefined()) return;
+    if (!dropped.isArray()) throw CliError("'dropped' must be a list of texts.");
+    std::string named;
+    for (const QJsonValue& value : dropped.toArray()) {
+        if (!named.empty()) named += ", ";
+        named += inQuotes(bytesOfText(value, "Each dropped code"));
+    }
+    if (named.empty()) return;
+    throw CliError("The line held codes that are not in the special-code list: " + named +
+                   ". Composing it would lose them.");
+}
+
 MessageLine lineFromJson(const QJsonObject& json, const std::string& group,
                          const SpecialCodeList& codes) {
+    refuseDroppedCodes(json);
     MessageLine line;
     line.wait = numberField(json, "wait", 0, kMaxWait);
     line.percent = numberField(json, "percent", kMaxPercent, kMaxPercent);

@@ -139,6 +139,23 @@ class MessageCommandsTest : public QObject {
         }
     }
 
+    void composeRefusesWhatDecodeHadToDrop() {
+        MessageCli cli;
+        const QJsonObject decoded = cli.decode("message", "Hail", "%ZZHello*QQ5*SFA");
+        QCOMPARE(decoded["dropped"], QJsonArray({"%ZZ", "*QQ5"}));
+        const CliResult back = cli.compose("message", "Hail", QJsonDocument(decoded).toJson());
+        QCOMPARE(back.exitCode, 1);
+        QCOMPARE(back.out, QByteArray());
+        QCOMPARE(back.err, QByteArray("orrerion-cli: The line held codes that are not in the "
+                                      "special-code list: '%ZZ', '*QQ5'. Composing it would "
+                                      "lose them.\n"));
+        QVERIFY(cli.compose("message", "Hail", R"({"text":"Hi","dropped":"%ZZ"})")
+                    .err.contains("'dropped' must be a list of texts"));
+        // An empty list is nothing lost.
+        QCOMPARE(cli.compose("message", "Hail", R"({"text":"Hi","dropped":[]})").out,
+                 QByteArray("Hi\n"));
+    }
+
     void badInputIsRefusedClearly() {
         MessageCli cli;
         QCOMPARE(cli.fails({"groups", "Orion", "3"}),
