@@ -221,8 +221,10 @@ void MessageEditSession::groupTextEdited(const QString& text) {
 
 void MessageEditSession::addGroup() {
     if (direction_ == Direction::Information) return;
-    const std::string name = toBytes(w_.cboGroup->currentText().trimmed());
-    if (name.empty() || listsGroup(name)) return;
+    const QString typed = w_.cboGroup->currentText().trimmed();
+    if (typed.isEmpty() || !storableOrRefused(typed)) return;
+    const std::string name = toBytes(typed);
+    if (listsGroup(name)) return;
     if (const std::string problem = groupNameProblem(name); !problem.empty()) {
         MessagePrompt prompt;
         prompt.text = toQString(problem);

@@ -113,6 +113,12 @@ class MessageEditSession {
     void selectRow(int row);
     void removeRow(int row);
     std::string editedText() const;
+    // Everything typed for the line being edited (text, custom caption, answer group), for the
+    // check that the game can store it.
+    QString typedForLine() const;
+    // True when `typed` holds only characters the game can store; otherwise says which ones
+    // cannot be stored and returns false, so the caller writes nothing.
+    bool storableOrRefused(const QString& typed);
     void updateLength();
     bool report(bool ok);
     bool confirm(const QString& question);

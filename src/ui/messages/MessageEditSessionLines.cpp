@@ -4,6 +4,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -31,6 +32,23 @@ Direction otherDirection(Direction direction) {
 
 std::string MessageEditSession::editedText() const {
     return toBytes(w_.txtMessage->toPlainText());
+}
+
+QString MessageEditSession::typedForLine() const {
+    QString typed = w_.txtMessage->toPlainText();
+    if (direction_ == Direction::Information) return typed;
+    if (form_.display() == DisplayMode::Custom) typed += w_.txtDisplay->text();
+    return typed + w_.cboAnswerGroup->currentText();
+}
+
+bool MessageEditSession::storableOrRefused(const QString& typed) {
+    const QString characters = unstorableCharacters(typed);
+    if (characters.isEmpty()) return true;
+    MessagePrompt prompt;
+    prompt.text = unstorableMessage(characters);
+    prompt.icon = PromptIcon::Exclamation;
+    prompts().message(&w_, prompt);
+    return false;
 }
 
 void MessageEditSession::showEditButtons(bool editing) {
@@ -126,6 +144,8 @@ void MessageEditSession::cancelEditing(bool restartInformation) {
 
 void MessageEditSession::save() {
     if (!editing_) return;
+    // A character the game cannot store would be written as "?": the edit stays open instead.
+    if (!storableOrRefused(typedForLine())) return;
     const std::string text = editedText();
     if (direction_ == Direction::Information) {
         if (!report(list().store(1, text))) return;  // an empty text deletes "Info"
@@ -246,8 +266,9 @@ void MessageEditSession::swapLine(int which) {
 void MessageEditSession::goToAnswer() {
     if (editing_ || direction_ == Direction::Information) return;
     if (w_.lstMessages->currentRow() < 0) return;
-    const std::string answer = toBytes(w_.cboAnswerGroup->currentText().trimmed());
-    if (answer.empty()) return;
+    const QString typed = w_.cboAnswerGroup->currentText().trimmed();
+    if (typed.isEmpty() || !storableOrRefused(typed)) return;
+    const std::string answer = toBytes(typed);
     if (const std::string problem = groupNameProblem(answer); !problem.empty()) {
         MessagePrompt prompt;
         prompt.text = toQString(problem);

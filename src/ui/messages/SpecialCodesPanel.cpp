@@ -153,10 +153,18 @@ std::string SpecialCodesPanel::askArgument(const SpecialEntry& entry) {
     prompt.defaultText = toQString(editor.current);
     const std::optional<QString> answer = prompts().input(window(), prompt);
     if (!answer || answer->isEmpty()) return {};
-    const std::string value = toBytes(*answer);
-    if (const std::string problem = argumentProblem(value); !problem.empty()) {
+    std::string value;
+    QString problem;
+    // A character the game cannot store would be written as "?": refused, the old value stays.
+    if (const QString characters = unstorableCharacters(*answer); !characters.isEmpty()) {
+        problem = unstorableMessage(characters);
+    } else {
+        value = toBytes(*answer);
+        problem = toQString(argumentProblem(value));
+    }
+    if (!problem.isEmpty()) {
         MessagePrompt refusal;
-        refusal.text = toQString(problem);
+        refusal.text = problem;
         refusal.icon = PromptIcon::Exclamation;
         prompts().message(window(), refusal);
         return {};

@@ -111,7 +111,16 @@ bool frmFlag::eventFilter(QObject* watched, QEvent* event) {
 
 void frmFlag::cmdOK_Click() {
     const int index = cboFlag->currentIndex();
-    const std::string description = toBytes(txtDesc->text().trimmed());
+    const QString typed = txtDesc->text().trimmed();
+    // A character the game cannot store would be written as "?": the dialog stays open.
+    if (const QString characters = unstorableCharacters(typed); !characters.isEmpty()) {
+        MessagePrompt prompt;
+        prompt.text = unstorableMessage(characters);
+        prompt.icon = PromptIcon::Exclamation;
+        prompts().message(this, prompt);
+        return;
+    }
+    const std::string description = toBytes(typed);
     if (index < 0 || !IsUsableFlagDescription(description)) {
         MessagePrompt prompt;
         prompt.text = QString::fromLatin1(kFlagDescriptionNeeded);

@@ -11,6 +11,7 @@
 
 #include "messages/frmFlag.h"
 #include "messages/frmSystem.h"
+#include "platform/QtText.h"
 #include "support/MessageEditorFixture.h"
 
 using namespace orr;
@@ -103,6 +104,12 @@ class ChoosersTest : public QObject {
                      QStringLiteral("Please enter a short description which describes how this "
                                     "flag is used."));
         }
+        // Nor can it hold a character the game cannot store.
+        f.prompts.answerMessage(PromptAnswer::Ok);
+        chooser.txtDesc->setText(QStringLiteral("Opened the \u2603 gate"));
+        chooser.cmdOK->click();
+        QVERIFY(chooser.isVisible());
+        QCOMPARE(f.prompts.messageTexts().last(), unstorableMessage(QStringLiteral("\u2603")));
         QCOMPARE(f.key(1, "FlagB"), std::string("ERR"));
         QCOMPARE(chooser.chosenFlag(), QStringLiteral("B"));
     }

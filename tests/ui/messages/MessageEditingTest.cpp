@@ -13,6 +13,7 @@
 
 #include "messages/MessageEditSession.h"
 #include "messages/frmFlag.h"
+#include "platform/QtText.h"
 #include "support/MessageEditorFixture.h"
 
 using namespace orr;
@@ -208,6 +209,42 @@ class MessageEditingTest : public QObject {
         f.click("cmdSave");
         QCOMPARE(f.prompts.messageTexts().size(), 1);
         QCOMPARE(f.key(1, "Message1"), std::string("$BOX$%NM, welcome."));
+    }
+
+    void charactersTheGameCannotStoreAreRefused() {
+        MessageEditorFixture f(section(1, {"Messages=1", "Message1=Old text"}));
+        f.open(1);
+        f.select(0);
+        f.click("cmdEdit");
+        for (int i = 0; i < 3; ++i) f.prompts.answerMessage(PromptAnswer::Ok);
+        const QString snowy = QStringLiteral("Snow \u2603 and caf\u00e9");
+        f.type(snowy);
+        f.click("cmdSave");
+        QCOMPARE(f.prompts.messageTexts(),
+                 QStringList{unstorableMessage(QStringLiteral("\u2603"))});
+        QCOMPARE(f.key(1, "Message1"), std::string("Old text"));
+        QVERIFY(f.visible("txtMessage"));  // still editing, nothing lost
+        QCOMPARE(f.find<QPlainTextEdit>("txtMessage")->toPlainText(), snowy);
+
+        // A custom caption is checked the same way.
+        f.type(QStringLiteral("Caf\u00e9"));
+        f.click("optDisplay2");
+        f.find<QLineEdit>("txtDisplay")->setText(QStringLiteral("Log \U0001F680"));
+        f.click("cmdSave");
+        QCOMPARE(f.prompts.messageTexts().size(), 2);
+        QVERIFY(f.prompts.messageTexts().last().contains(QStringLiteral("\U0001F680")));
+        QCOMPARE(f.key(1, "Message1"), std::string("Old text"));
+        f.find<QLineEdit>("txtDisplay")->setText(QStringLiteral("Log"));
+        f.click("cmdSave");
+        QCOMPARE(f.key(1, "Message1"), std::string("$Log$Caf\xE9"));
+
+        // So is the name of a new group.
+        f.find<QComboBox>("cboGroup")->setEditText(QStringLiteral("Snow\u2603"));
+        f.click("cmdAddGroup");
+        QCOMPARE(f.prompts.messageTexts().size(), 3);
+        QCOMPARE(f.prompts.messageTexts().last(), unstorableMessage(QStringLiteral("\u2603")));
+        QVERIFY(!f.items("cboGroup").contains(QStringLiteral("Snow?")));
+        QCOMPARE(f.prompts.unexpectedCount(), 0);
     }
 
     void theTextBoxHoldsOneLine() {
