@@ -107,6 +107,21 @@ TEST(ShippedSpecialList, SystemCodesOpenTheSystemChooser) {
               ArgumentEditorKind::FlagChooser);
 }
 
+TEST(ShippedSpecialList, SystemConditionsTellWhatElseTheyDo) {
+    // The game reads "*RS3" as a restriction and also as a change of the responses offered (to
+    // the group "S3"): a designer who wants only the damage test must be sent to the condition.
+    for (const auto& [code, plainCondition] : {std::pair{"*R", "%47"}, std::pair{"*R!", "%49"}}) {
+        SCOPED_TRACE(code);
+        const std::string description = shippedCodes().findEntry(code)->description();
+        EXPECT_NE(description.find("responses"), std::string::npos);
+        EXPECT_NE(description.find("closing message"), std::string::npos);
+        EXPECT_NE(description.find("S0 means system 0 itself"), std::string::npos);
+        EXPECT_NE(description.find(plainCondition), std::string::npos);
+        ASSERT_NE(shippedCodes().findEntry(plainCondition), nullptr);
+        EXPECT_EQ(shippedCodes().findEntry(plainCondition)->code(), plainCondition);
+    }
+}
+
 TEST(ShippedSpecialList, FileIsWindows1252WithCrLf) {
     const std::string bytes = test::shippedListBytes();
     EXPECT_TRUE(bytes.ends_with("\r\n"));
