@@ -242,6 +242,35 @@ void MessageEditSession::addGroup() {
     showGroup(name);
 }
 
+bool MessageEditSession::adoptTypedGroup() {
+    if (loading_ || editing_ || direction_ == Direction::Information) return true;
+    const QString typed = w_.cboGroup->currentText().trimmed();
+    if (typed == toQString(group_)) return true;
+    if (!typed.isEmpty()) {
+        if (unstorableCharacters(typed).isEmpty() && listsGroup(toBytes(typed))) {
+            showGroup(toBytes(typed));
+            return true;
+        }
+        addGroup();
+        if (toQString(group_) == typed) return true;
+    }
+    showCurrentGroupName();
+    return typed.isEmpty();
+}
+
+void MessageEditSession::showCurrentGroupName() {
+    if (w_.cboGroup->currentText() == toQString(group_)) return;
+    {
+        const Loading loading(loading_);
+        w_.cboGroup->setEditText(toQString(group_));
+    }
+    w_.cmdAddGroup->setEnabled(false);
+}
+
+void MessageEditSession::groupBoxLeft() {
+    adoptTypedGroup();
+}
+
 void MessageEditSession::fillMessageList() {
     const WaitCursor hourglass;
     {

@@ -60,6 +60,8 @@ class MessageEditSession {
     void groupChosen(int index);
     void groupTextEdited(const QString& text);
     void addGroup();
+    // The group box lost the focus: a name typed there is taken up (see adoptTypedGroup).
+    void groupBoxLeft();
     void lineSelected(int row);
     void newLine();
     void editLine();
@@ -101,6 +103,12 @@ class MessageEditSession {
     void loadGroupLists();
     void restoreGroup(const std::string& wanted, bool create);
     void showGroup(const std::string& group);
+    // A name typed into the group box and never added would stay on show while lines went to
+    // the group shown before it. New, Edit and leaving the box therefore add it as "A&dd Group"
+    // does (or choose it, when listed); an empty box shows the current group again. False when
+    // the name was refused: the box then shows the current group again as well.
+    bool adoptTypedGroup();
+    void showCurrentGroupName();
     bool listsGroup(const std::string& group) const;
     void registerGroup(const std::string& group, Direction direction);
     void fillMessageList();

@@ -63,6 +63,7 @@ void MessageEditSession::showEditButtons(bool editing) {
 
 void MessageEditSession::newLine() {
     if (editing_ || direction_ == Direction::Information) return;
+    if (!adoptTypedGroup()) return;
     w_.lstMessages->setCurrentRow(-1);
     startEditing(-1);
 }
@@ -73,6 +74,9 @@ void MessageEditSession::editLine() {
 
 void MessageEditSession::editRow(int row) {
     if (editing_ || direction_ == Direction::Information) return;
+    // The row belongs to the list shown; once a typed group is taken up there is a new list.
+    const std::string shown = group_;
+    if (!adoptTypedGroup() || group_ != shown) return;
     if (row < 0 || row >= w_.lstMessages->count()) return;
     startEditing(row);
 }
@@ -115,6 +119,8 @@ void MessageEditSession::endEditing() {
     editing_ = false;
     editIndex_ = -1;
     droppedCodes_.clear();
+    // The line belonged to the group shown before any name typed into the box meanwhile.
+    showCurrentGroupName();
     form_.setOptionsEnabled(false);
     w_.stkLines->setCurrentWidget(w_.lstMessages);
     form_.hideError();

@@ -4,6 +4,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QCoreApplication>
+#include <QFocusEvent>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -210,6 +211,13 @@ void frmMessages::keyPressEvent(QKeyEvent* event) {
 }
 
 bool frmMessages::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == cboGroup && event->type() == QEvent::FocusOut) {
+        // Not when the box's own list opens or another window takes over: the designer has not
+        // left the box then.
+        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+        if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason)
+            session_->groupBoxLeft();
+    }
     if (watched == txtMessage && event->type() == QEvent::KeyPress) {
         const auto* key = static_cast<QKeyEvent*>(event);
         // A stored line is one line of text: Enter is ignored.
@@ -238,6 +246,7 @@ void frmMessages::connectControls() {
     connect(cboGroup, &QComboBox::editTextChanged, this,
             [this](const QString& text) { session_->groupTextEdited(text); });
     connect(cmdAddGroup, &QPushButton::clicked, this, [this] { session_->addGroup(); });
+    cboGroup->installEventFilter(this);
 
     connect(vsbWait, &QScrollBar::valueChanged, this, [this] {
         form_->waitChanged();

@@ -10,6 +10,7 @@
 #include <QListWidget>
 #include <QMenu>
 
+#include "messages/MessageEditSession.h"
 #include "support/MessageEditorFixture.h"
 
 using namespace orr;
@@ -189,6 +190,66 @@ class MessageListCommandsTest : public QObject {
         f.click("cmdAddGroup");
         QCOMPARE(f.prompts.messageTexts().size(), 1);
         QVERIFY(!f.items("cboGroup").contains(QStringLiteral("Bad*Name")));
+    }
+
+    void aTypedGroupIsAddedBeforeLinesAreWritten() {
+        MessageEditorFixture f(section(1, {"ResponsesHail=1", "ResponseHail1=Trade?*MTrade",
+                                           "MessagesTrade=1", "MessageTrade1=We sell ore."}));
+        f.open(1);
+        f.chooseGroup(QStringLiteral("Trade"));
+        f.typeGroup(QStringLiteral("Docking"));
+        f.click("cmdNew");
+        QCOMPARE(f.find<QGroupBox>("fraMessages")->title(),
+                 QStringLiteral("Message Level: Docking"));
+        f.type(QStringLiteral("Bay three is free."));
+        f.click("cmdSave");
+        QCOMPARE(f.key(1, "MessagesDocking"), std::string("1"));
+        QCOMPARE(f.key(1, "MessageDocking1"), std::string("Bay three is free."));
+        QCOMPARE(f.key(1, "MessagesTrade"), std::string("1"));
+        QCOMPARE(f.key(1, "MessageTrade1"), std::string("We sell ore."));
+        QVERIFY(f.items("cboGroup").contains(QStringLiteral("Docking")));
+
+        // Edit shows the typed group (empty, so there is nothing to edit yet).
+        f.chooseGroup(QStringLiteral("Trade"));
+        f.select(0);
+        f.typeGroup(QStringLiteral("Cargo"));
+        f.click("cmdEdit");
+        QVERIFY(!f.window().session().isEditing());
+        QCOMPARE(f.window().session().group(), std::string("Cargo"));
+        QVERIFY(f.entries().isEmpty());
+
+        // Leaving the box adds the group as well; an empty box shows the current group again.
+        auto* combo = f.find<QComboBox>("cboGroup");
+        const auto leave = [&] {
+            QFocusEvent out(QEvent::FocusOut, Qt::TabFocusReason);
+            QCoreApplication::sendEvent(combo, &out);
+        };
+        f.typeGroup(QStringLiteral("Hangar"));
+        leave();
+        QCOMPARE(f.window().session().group(), std::string("Hangar"));
+        QCOMPARE(f.find<QGroupBox>("fraMessages")->title(),
+                 QStringLiteral("Message Level: Hangar"));
+        combo->setEditText(QString());
+        leave();
+        QCOMPARE(combo->currentText(), QStringLiteral("Hangar"));
+
+        // A name that cannot be a group is refused and the box shows the current group again;
+        // New then does not start.
+        f.typeGroup(QStringLiteral("Bad*Name"));
+        f.prompts.answerMessage(PromptAnswer::Ok);
+        f.click("cmdNew");
+        QVERIFY(!f.window().session().isEditing());
+        QCOMPARE(f.prompts.messageTexts().size(), 1);
+        QCOMPARE(combo->currentText(), QStringLiteral("Hangar"));
+
+        // A line being edited stays in its group: after Save the box names that group again.
+        f.click("cmdNew");
+        f.type(QStringLiteral("Doors open."));
+        f.typeGroup(QStringLiteral("Elsewhere"));
+        f.click("cmdSave");
+        QCOMPARE(f.key(1, "MessageHangar1"), std::string("Doors open."));
+        QCOMPARE(combo->currentText(), QStringLiteral("Hangar"));
+        QCOMPARE(f.prompts.unexpectedCount(), 0);
     }
 
     void theContextMenuActsOnTheLineUnderTheMouse() {
