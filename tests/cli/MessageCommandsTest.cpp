@@ -137,6 +137,17 @@ class MessageCommandsTest : public QObject {
             QCOMPARE(back.err, QByteArray());
             QCOMPARE(back.out, stored + "\n");
         }
+
+        // Decoding lists prefix codes in stored order and composing puts each in front of the
+        // line, so they come back turned round; a second round restores them.
+        QByteArray line = "%FA%fBHello*RNone";
+        for (const char* expected : {"%fB%FAHello*RNone", "%FA%fBHello*RNone"}) {
+            const QJsonObject decoded = cli.decode("message", "Hail", line);
+            QCOMPARE(decoded["codes"].toArray().first().toString(),
+                     QString::fromLatin1(line.left(3)));
+            line = cli.compose("message", "Hail", QJsonDocument(decoded).toJson()).out.trimmed();
+            QCOMPARE(line, QByteArray(expected));
+        }
     }
 
     void composeRefusesWhatDecodeHadToDrop() {

@@ -86,7 +86,11 @@ std::string ComposeMessage(const MessageLine& line, Direction direction,
     const int wait = std::clamp(line.wait, 0, kMaxWait);
     if (wait > 0) stored = std::string("%W") + digitChar(wait) + stored;
 
-    // Prefix codes go in front one by one, so the last attached ends up first.
+    // Prefix codes go in front one by one, so the last attached ends up first. Reading attaches
+    // them in stored order, so a line read and written back has its prefix codes turned round
+    // (the next round restores them). The game checks every prefix code before it uses the
+    // line, so their order does not matter to it; both steps stay as they are, because the
+    // attached list's order is what the editor and decode show.
     for (const SpecialEntry& entry : line.specials) {
         if (entry.place() == CodePlace::Prefix)
             stored = entry.storedCode() + stored;
