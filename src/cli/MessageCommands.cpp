@@ -226,6 +226,16 @@ MessageLine lineFromJson(const QJsonObject& json, const std::string& group,
         // file keeps whatever codes it holds, so they are accepted here as well.
         if (entry->place() == CodePlace::None)
             throw CliError(inQuotes(code) + " is not a code of a stored line.");
+        // Without an argument the entry's example would be written, which nobody asked for.
+        const SpecialEntry* listed = codes.findEntry(code);
+        if (code.size() == listed->code().size() && listed->canEditArgument()) {
+            throw CliError(inQuotes(code) + " needs its argument written after it, as in " +
+                           inQuotes(listed->storedCode()) + ".");
+        }
+        // The same rules as the editor's "Add".
+        if (const AttachConflict conflict = SpecialCodeList::checkAttach(line.specials, *entry);
+            conflict != AttachConflict::None)
+            throw CliError(attachConflictMessage(conflict));
         line.specials.push_back(std::move(*entry));
     }
     return line;

@@ -186,6 +186,18 @@ class MessageCommandsTest : public QObject {
         QVERIFY(
             refused(R"({"codes":["*QQQ"]})").contains("'*QQQ' is not in the special-code list"));
         QVERIFY(refused(R"({"codes":["*RTrade"]})").contains("answer tag"));
+        // What the editor refuses to attach, and codes whose argument nobody gave.
+        QCOMPARE(refused(R"({"codes":["%GN","%FA","%GS"]})"),
+                 QString("orrerion-cli: You cannot have more than one direction marker."));
+        QCOMPARE(refused(R"({"codes":["%10","%10"]})"),
+                 QString("orrerion-cli: You cannot have more than one of the same restriction."));
+        QCOMPARE(refused(R"({"codes":["*D"]})"),
+                 QString("orrerion-cli: '*D' needs its argument written after it, as in '*DS0'."));
+        QCOMPARE(refused(R"({"codes":["*SF"]})"),
+                 QString("orrerion-cli: '*SF' needs its argument written after it, as in '*SFA'."));
+        QCOMPARE(
+            cli.compose("message", "Hail", R"({"text":"Hi","codes":["%FA","%FB","*DS2"]})").out,
+            QByteArray("%FB%FAHi*DS2\n"));
         QVERIFY(refused(R"({"wait":10})").contains("'wait' must be a whole number from 0 to 9"));
         QVERIFY(refused(R"({"text":"2*3"})").contains("cannot hold '*' or '^'"));
         QVERIFY(refused(R"({"text":"\u2603"})").contains("Windows-1252"));
