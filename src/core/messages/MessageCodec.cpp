@@ -37,6 +37,7 @@ class LineReader {
     void apply(std::string_view token) {
         if ((token.starts_with("*M") || token.starts_with("*R")) && !IsSystemCondition(token)) {
             line_.answerGroup = shownGroupName(token.substr(2));
+            line_.storedTags.emplace_back(token);
         } else if (token.size() == kShortCodeLength && token.starts_with("%0") &&
                    isDigit(token[2])) {
             line_.percent = token[2] - '0';

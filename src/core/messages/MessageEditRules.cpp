@@ -32,6 +32,44 @@ std::vector<std::string> entrySet(const std::vector<SpecialEntry>& entries) {
     return lines;
 }
 
+std::string inDoubleQuotes(std::string_view text) {
+    return "\"" + std::string(text) + "\"";
+}
+
+// What the editor would do to the answer tags the line was read with: it writes a single tag
+// with the direction's own letter ("*R" in a message, "*M" in a response) and INIT as the empty
+// name. The game reads a message's "*M" as a change of the messages that follow and a
+// response's "*R" as a change of the responses offered, and "*RINIT" names a group called
+// INIT, so each such change alters what the line does.
+void addTagWarnings(const MessageLine& line, Direction direction, std::string_view group,
+                    std::vector<std::string>& warnings) {
+    if (line.storedTags.empty()) return;
+    const char letter = direction == Direction::Response ? 'M' : 'R';
+    const std::string written =
+        AnswerTag(effectiveAnswerGroup(line.answerGroup, group), direction, group);
+    const std::string outcome =
+        written.empty() ? " It will be left out, as the line answers with its own group."
+                        : " It will be saved as " + inDoubleQuotes(written) + ".";
+    if (line.storedTags.size() > 1) {
+        std::vector<std::string> tags;
+        for (const std::string& tag : line.storedTags) tags.push_back(inDoubleQuotes(tag));
+        warnings.push_back("The line holds several answer tags (" + joined(tags, ", ") +
+                           ") and only one is kept." + outcome);
+    }
+    for (const std::string& tag : line.storedTags) {
+        if (tag[1] != letter) {
+            warnings.push_back("The tag " + inDoubleQuotes(tag) + " is not " +
+                               (direction == Direction::Response ? "a response's" : "a message's") +
+                               " answer tag, and the game reads it differently." + outcome);
+        } else if (tag.substr(2) == kInitGroup) {
+            warnings.push_back("The tag " + inDoubleQuotes(tag) +
+                               " names a group called \"INIT\", not the first group, which is "
+                               "stored without a name." +
+                               outcome);
+        }
+    }
+}
+
 }  // namespace
 
 std::string groupNameProblem(std::string_view name) {
@@ -61,6 +99,7 @@ std::vector<std::string> saveWarnings(const MessageLine& line, Direction directi
             "dropped: " +
             joined(line.droppedCodes, ", ") + ".");
     }
+    addTagWarnings(line, direction, group, warnings);
 
     const std::string stored = ComposeMessage(line, direction, group);
     const MessageLine back = DecodeMessage(stored, direction, group, codes);

@@ -33,6 +33,10 @@ struct MessageLine {
     // written back, so the editor can warn before a save loses them.
     std::vector<std::string> droppedCodes;
 
+    // The answer tags exactly as stored ("*MTrade", "*RINIT"), in order. The editor writes one
+    // tag with the direction's own letter, so it can warn when that would change the line.
+    std::vector<std::string> storedTags;
+
     bool operator==(const MessageLine&) const = default;
 };
 

@@ -85,6 +85,7 @@ void MessageEditSession::startEditing(int index) {
     editing_ = true;
     editIndex_ = index;
     droppedCodes_.clear();
+    storedTags_.clear();
     {
         const Loading loading(loading_);
         std::string text;
@@ -100,6 +101,7 @@ void MessageEditSession::startEditing(int index) {
             else
                 line.answerGroup = group_;  // a new line answers with its own group
             droppedCodes_ = line.droppedCodes;
+            storedTags_ = line.storedTags;
             form_.show(line);
             text = line.text;
             w_.cmdDelete->setEnabled(index >= 0);
@@ -119,6 +121,7 @@ void MessageEditSession::endEditing() {
     editing_ = false;
     editIndex_ = -1;
     droppedCodes_.clear();
+    storedTags_.clear();
     // The line belonged to the group shown before any name typed into the box meanwhile.
     showCurrentGroupName();
     form_.setOptionsEnabled(false);
@@ -167,6 +170,7 @@ void MessageEditSession::save() {
 
     MessageLine line = form_.read(text);
     line.droppedCodes = droppedCodes_;
+    line.storedTags = storedTags_;
     const std::vector<std::string> warnings = saveWarnings(line, direction_, group_, codes_);
     if (!warnings.empty() && !confirm(toQString(saveQuestion(warnings)))) return;
 

@@ -195,6 +195,33 @@ class MessageEditingTest : public QObject {
         QCOMPARE(f.key(1, "Message1"), std::string("Hello."));
     }
 
+    void tagsTheEditorWouldRewriteAreQuestioned() {
+        MessageEditorFixture f(section(1, {"Messages=1", "Message1=Start over*RINIT",
+                                           "ResponsesHail=1", "ResponseHail1=Deal*RDeal"}));
+        f.open(1);
+        f.select(0);
+        f.click("cmdEdit");
+        f.prompts.answerMessage(PromptAnswer::No);
+        f.click("cmdSave");
+        QCOMPARE(f.prompts.asked().size(), std::size_t(1));
+        QVERIFY(f.prompts.asked().back().text.contains(QStringLiteral("\"*RINIT\"")));
+        QCOMPARE(f.prompts.asked().back().buttons, PromptButtons::YesNo);
+        QCOMPARE(f.key(1, "Message1"), std::string("Start over*RINIT"));
+        QVERIFY(f.visible("txtMessage"));  // back to editing
+
+        f.click("cmdCancel");
+        f.chooseDirection(2);
+        f.chooseGroup(QStringLiteral("Hail"));
+        f.select(0);
+        f.click("cmdEdit");
+        f.prompts.answerMessage(PromptAnswer::Yes);
+        f.click("cmdSave");
+        QCOMPARE(f.prompts.asked().size(), std::size_t(2));
+        QVERIFY(f.prompts.asked().back().text.contains(QStringLiteral("\"*RDeal\"")));
+        QCOMPARE(f.key(1, "ResponseHail1"), std::string("Deal*MDeal"));
+        QCOMPARE(f.prompts.unexpectedCount(), 0);
+    }
+
     void aTextThatWouldReadBackAsCodesIsQuestioned() {
         MessageEditorFixture f;
         f.open(1);
