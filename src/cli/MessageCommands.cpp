@@ -100,7 +100,19 @@ void linesCommand(CliContext& context, const QStringList& args) {
     SystemStore store = openSaved(context, args[0]);
     PlanetMessageStore planet(store, planetArgument(store, args[1]));
     const MessageList list(planet, groupArgument(args[2]), directionArgument(args[3]));
-    for (const std::string& line : list.lines()) context.out << line << '\n';
+    const std::vector<std::string> lines = list.lines();
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        // A missing item keeps its place as an empty line (line n of the output stays item n);
+        // the note says which key is missing, so "ERR" is never taken for a stored text.
+        if (lines[i] == kMissingValue) {
+            context.out.flush();
+            std::cerr << "orrerion-cli: note: " << list.keys().itemKey(static_cast<int>(i) + 1)
+                      << " is missing\n";
+            context.out << '\n';
+        } else {
+            context.out << lines[i] << '\n';
+        }
+    }
 }
 
 // --- the editor's view of a line

@@ -92,7 +92,11 @@ class MessageCommandsTest : public QObject {
         QCOMPARE(cli.ok({"lines", "Orion", "2", "Beam", "response"}), QByteArray());
         QCOMPARE(cli.snapshot(), before);
         cli.write("ORBDescriptor/Orion.orb", orionDescriptor() + crlf({"MessagesHail=1"}));
-        QCOMPARE(cli.ok({"lines", "Orion", "2", "Hail", "message"}), QByteArray("ERR\n"));
+        // A missing line keeps its place as an empty line, with a note beside the output.
+        const CliResult missing = cli.run({"lines", "Orion", "2", "Hail", "message"});
+        QCOMPARE(missing.exitCode, 0);
+        QCOMPARE(missing.out, QByteArray("\n"));
+        QCOMPARE(missing.err, QByteArray("orrerion-cli: note: MessageHail1 is missing\n"));
     }
 
     void decodeShowsTheEditorsView() {
