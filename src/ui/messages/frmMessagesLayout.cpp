@@ -47,12 +47,20 @@ QLabel* label(const QString& caption, const QString& name, QWidget* parent) {
 }
 
 // A scroll bar standing for a small number; its top is the largest value (MessageLineForm).
+// Long enough that the groove, not the two arrows, makes up most of it and the handle can be
+// dragged.
 QScrollBar* settingBar(int maximum, const QString& name, QWidget* parent) {
     auto* bar = named(new QScrollBar(Qt::Vertical, parent), name);
     bar->setRange(0, maximum);
     bar->setPageStep(1);
-    bar->setFixedHeight(bar->sizeHint().width() * 3);
+    bar->setMinimumHeight(bar->sizeHint().width() * 7);
     return bar;
+}
+
+// The two labels beside a bar stand together at its middle: the caption above, the value below.
+void pairLabels(QLabel* caption, QLabel* value) {
+    caption->setAlignment(Qt::AlignLeft | Qt::AlignBottom);
+    value->setAlignment(Qt::AlignLeft | Qt::AlignTop);
 }
 
 }  // namespace
@@ -240,6 +248,8 @@ QWidget* frmMessages::buildOptionFrames() {
     cboAnswerGroup->setInsertPolicy(QComboBox::NoInsert);
     cboAnswerGroup->setCompleter(nullptr);
     lblAnswer->setBuddy(cboAnswerGroup);
+    pairLabels(lblWaitFor, lblWait);
+    pairLabels(lblIncluded, lblPercent);
     auto* options = new QGridLayout(fraOptions);
     // Each bar stands left of the two labels that describe it.
     options->addWidget(vsbWait, 0, 0, 2, 1);

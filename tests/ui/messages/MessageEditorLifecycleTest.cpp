@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTimer>
 
 #include "messages/DirectionPicture.h"
@@ -61,6 +62,17 @@ class MessageEditorLifecycleTest : public QObject {
         QVERIFY(!f.find<QTimer>("tmrAnim")->isActive());
         // Opening only shows the value it was given; nothing is written.
         QCOMPARE(f.store.GetGeneralFlag(kMessagesFlag, 2), 0);
+    }
+
+    void theSettingBarsAreLongEnoughToDrag() {
+        MessageEditorFixture f;
+        f.open(1);
+        QVERIFY(QTest::qWaitForWindowExposed(&f.window()));
+        for (const char* name : {"vsbWait", "vsbPercent"}) {
+            auto* bar = f.find<QScrollBar>(name);
+            // Two arrows take a bar's width each; the groove between them gets at least four.
+            QVERIFY2(bar->height() >= 6 * bar->width(), name);
+        }
     }
 
     void theSwitchIsWrittenWhenClicked() {
