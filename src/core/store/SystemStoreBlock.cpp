@@ -15,15 +15,17 @@ namespace {
 constexpr const char* kMarker = "SolarSystem";
 constexpr const char* kCrLf = "\r\n";
 
-std::size_t findMarker(const std::vector<ProfileDocument::Line>& lines) {
-    for (std::size_t i = 0; i < lines.size(); ++i) {
-        if (lines[i].text.find(kMarker) != std::string::npos) return i;
-    }
-    return lines.size();
-}
-
 bool isCommentLine(const ProfileDocument::Line& line) {
     return !line.text.empty() && line.text[0] == ';';
+}
+
+// The block marker is a comment line naming the block; a key or a section of the user's that
+// merely mentions "SolarSystem" is no marker.
+std::size_t findMarker(const std::vector<ProfileDocument::Line>& lines) {
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        if (isCommentLine(lines[i]) && lines[i].text.find(kMarker) != std::string::npos) return i;
+    }
+    return lines.size();
 }
 
 // A comment line of the block: ";" and the text (built by appending: GCC 12 warns falsely about

@@ -91,6 +91,26 @@ TEST_F(DescriptorBlockTest, DamagedBlockKeepsThePreviousValuesAndWarns) {
     }
 }
 
+TEST_F(DescriptorBlockTest, OnlyACommentLineIsTheBlockMarker) {
+    const std::string text =
+        crlf({"[General]", "PlanetPics=N", "[Names]", "S=Heart of the SolarSystem", "1=Ember"});
+    writeDescriptor("Plain", text);
+    const SystemRecord before = store.record();
+    const LoadResult result = store.LoadSystem("Plain");
+    EXPECT_FALSE(result.blockFound);
+    EXPECT_EQ(result.warning, "");
+    EXPECT_EQ(store.record().Planets, before.Planets);
+    store.record().PlanetCount = 2;
+    EXPECT_TRUE(store.SaveSystemBlock());
+    EXPECT_EQ(readDescriptor("Plain.orb"), text);
+    EXPECT_EQ(store.GetName(0, ""), "Heart of the SolarSystem");
+
+    // A block after such a line is found all the same.
+    writeDescriptor("Nova", crlf({"[Notes]", "About=my SolarSystem"}) + novaText());
+    EXPECT_TRUE(store.LoadSystem("Nova").blockFound);
+    EXPECT_EQ(store.record().StarType, 5);
+}
+
 TEST_F(DescriptorBlockTest, LoadAndSaveReplaceOnlyTheBlock) {
     writeDescriptor("Nova", novaText());
     const LoadResult result = store.LoadSystem("Nova");
