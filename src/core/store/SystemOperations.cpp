@@ -232,6 +232,9 @@ bool setDisplayName(SystemStore& store, const std::string& name) {
         return store.fail(
             "A display name cannot contain line breaks, tabs or other control characters.");
     }
+    SystemRecord renamed = store.record();
+    renamed.setDisplayName(name);
+    if (renamed.DisplayName == store.record().DisplayName) return true;
     return changeAndSave(store, [&](SystemRecord& record) { record.setDisplayName(name); });
 }
 

@@ -49,6 +49,7 @@ std::string planetName(SystemStore& store, int n);
 std::string planetLabel(SystemStore& store, int n);
 
 bool setStarType(SystemStore& store, int starType);
+// Writes nothing when the display name stays the same, so the system does not turn modified.
 bool setDisplayName(SystemStore& store, const std::string& name);
 bool setPlanetFlag(SystemStore& store, const std::string& key, int n, bool yes);
 

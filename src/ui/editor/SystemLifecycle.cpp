@@ -19,13 +19,28 @@
 namespace orr::ui {
 namespace {
 
-// Shows the hourglass while a system is being opened.
+// Shows the hourglass while a system is being opened. A question or a warning is shown with
+// the normal cursor: restore() it first, show() the hourglass again when the work goes on.
 class WaitCursor {
   public:
-    WaitCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~WaitCursor() { QGuiApplication::restoreOverrideCursor(); }
+    WaitCursor() { show(); }
+    ~WaitCursor() { restore(); }
     WaitCursor(const WaitCursor&) = delete;
     WaitCursor& operator=(const WaitCursor&) = delete;
+
+    void show() {
+        if (shown_) return;
+        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+        shown_ = true;
+    }
+    void restore() {
+        if (!shown_) return;
+        QGuiApplication::restoreOverrideCursor();
+        shown_ = false;
+    }
+
+  private:
+    bool shown_ = false;
 };
 
 MessagePrompt question(const QString& text, const QString& caption, PromptButtons buttons,
@@ -133,25 +148,28 @@ bool SystemLifecycle::commitOpenSystem() {
 }
 
 void SystemLifecycle::openEntry(int index) {
-    const WaitCursor hourglass;
+    WaitCursor hourglass;
     SystemStore& store = w_.store();
     const std::string name = entryName(index);
     tag_ = index;
     if (w_.cboSystems->currentIndex() != index) selectEntry(index);
     store.record().Name = name;
-    const bool editing = store.BeginEdit([this] {
+    const bool editing = store.BeginEdit([this, &hourglass] {
         MessagePrompt ask = question(
             QStringLiteral("There is a backup for this solar system, would you like to edit it?"),
             QStringLiteral("Backup Exists"), PromptButtons::YesNo, PromptIcon::Question);
-        return prompts().message(&w_, ask) == PromptAnswer::Yes;
+        hourglass.restore();
+        const bool useBackup = prompts().message(&w_, ask) == PromptAnswer::Yes;
+        hourglass.show();
+        return useBackup;
     });
     if (!editing) {
+        hourglass.restore();
         w_.report(false);
         applyNoSelection();
         return;
     }
     const LoadResult loaded = store.LoadSystem(name);
-    if (!loaded.warning.empty()) prompts().inform(&w_, toQString(loaded.warning));
 
     w_.showStarPicture();
     w_.picSolarSystem->setHighlightedPlanet(0);
@@ -161,6 +179,9 @@ void SystemLifecycle::openEntry(int index) {
     w_.applyEnablingRules();
     loadPlanetPictures();
     emit w_.systemOpened();
+    // The warning comes when the system shows what was kept of it.
+    hourglass.restore();
+    if (!loaded.warning.empty()) prompts().inform(&w_, toQString(loaded.warning));
 }
 
 void SystemLifecycle::loadPlanetPictures() {

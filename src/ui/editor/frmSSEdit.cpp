@@ -365,9 +365,11 @@ void frmSSEdit::beginNameEdit() {
 
 void frmSSEdit::finishNameEdit(bool keep) {
     if (nameStack_->currentWidget() != txtName) return;
+    const QString typed = txtName->text();
     nameStack_->setCurrentWidget(lblName);
-    if (keep) {
-        report(setDisplayName(store_, toBytes(txtName->text())));
+    // Enter on the name as it was shown writes nothing, so the system does not turn modified.
+    if (keep && typed != toQString(store_.record().trimmedDisplayName())) {
+        report(setDisplayName(store_, toBytes(typed)));
         DrawSystem(true);
     }
     picSolarSystem->setFocus();
