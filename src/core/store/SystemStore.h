@@ -26,12 +26,13 @@ inline constexpr const char* kMessagesFlag = "Messages";
 inline constexpr std::size_t kMaxValueLength = 254;
 
 struct LoadResult {
-    bool blockFound = false;   // the descriptor held a readable system block
-    std::string warning;       // non-empty when the block was damaged and fallback values are used
+    bool blockFound = false;  // the descriptor held a readable system block
+    // Non-empty when the block is damaged: says what is wrong and what of it was kept.
+    std::string warning;
 };
 
 class SystemStore {
-public:
+  public:
     explicit SystemStore(GameFolder folder = {});
 
     // --- folders and tables
@@ -55,7 +56,8 @@ public:
     fs::path openDescriptorPath() const;  // of the open system with the current extension
 
     // --- profile layer on the open system
-    std::string ReadKey(const std::string& section, const std::string& key);  // "Not Used" if absent
+    // "Not Used" when absent.
+    std::string ReadKey(const std::string& section, const std::string& key);
     bool WriteKey(const std::string& section, const std::string& key, const std::string& value);
     bool DeleteKey(const std::string& section, const std::string& key);
     bool SectionExists(const std::string& section);
@@ -73,7 +75,7 @@ public:
     LoadResult LoadSystem(const std::string& name);
     LoadResult ReadSystemBlock();
     bool SaveSystemBlock();
-    bool AddPlanet();          // refused (count unchanged) when there are 10 planets
+    bool AddPlanet();  // refused (count unchanged) when there are 10 planets
     bool RemoveLastPlanet();
     bool SwapPlanets(int a, int b);
 
@@ -94,21 +96,21 @@ public:
     // whether the edit succeeded and reached the disk; otherwise the record is put back as it
     // was when the transaction began and lastError() says why. The destructor commits if needed.
     class Transaction {
-    public:
+      public:
         explicit Transaction(SystemStore& store);
         ~Transaction();
         Transaction(const Transaction&) = delete;
         Transaction& operator=(const Transaction&) = delete;
         bool commit(bool ok = true);
 
-    private:
+      private:
         SystemStore& store_;
         SystemRecord before_;
         ProfileStore::WriteBatch batch_;
         bool done_ = false;
     };
 
-private:
+  private:
     GameFolder folder_;
     Tables tables_;
     SystemRecord record_;
@@ -123,7 +125,10 @@ private:
     bool requireOpenSystem();
     std::string currentExtension() const;
     bool rewriteOpenDescriptor(const std::function<bool(ProfileDocument&)>& change);
-    std::string damagedBlockWarning(const std::string& reason) const;
+    // The warning for a damaged block: what is wrong and what of it the record kept.
+    std::string damagedBlockWarning(const std::string& reason, const std::string& kept) const;
+    // The record of a system whose block gives nothing: its own name, star type 0, no planets.
+    void showNothingRead();
 };
 
 // The text of a new descriptor for the record: [General], the two flag keys, an empty line and

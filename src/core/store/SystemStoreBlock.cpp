@@ -127,9 +127,19 @@ std::string newDescriptorText(const SystemRecord& record) {
            " = " + flags + kCrLf + kCrLf + systemBlockText(record);
 }
 
-std::string SystemStore::damagedBlockWarning(const std::string& reason) const {
+std::string SystemStore::damagedBlockWarning(const std::string& reason,
+                                             const std::string& kept) const {
     return "The system block in the descriptor of " + record_.Name + " is damaged (" + reason +
-           "). The system keeps the values it had before; saving writes a new block.";
+           "). " + kept + "; saving writes a new block.";
+}
+
+void SystemStore::showNothingRead() {
+    // Nothing of the block can be trusted: the system shows under its own name, without planets,
+    // and keeps none of the values the record held for the system opened before.
+    SystemRecord blank;
+    blank.Name = record_.Name;
+    blank.setDisplayName(record_.Name);
+    record_ = blank;
 }
 
 LoadResult SystemStore::ReadSystemBlock() {
@@ -139,45 +149,65 @@ LoadResult SystemStore::ReadSystemBlock() {
     if (!fs::is_regular_file(path, ec)) return result;
     const ProfileDocument* doc = profiles_.document(path);
     if (doc == nullptr) {
+        showNothingRead();
         result.warning = "The descriptor of " + record_.Name + " could not be read (" +
-                         profiles_.lastError() + ").";
+                         profiles_.lastError() + "). The system is shown without planets.";
         return result;
     }
     const std::vector<ProfileDocument::Line>& lines = doc->lines();
     const std::size_t marker = findMarker(lines);
     if (marker == lines.size()) return result;  // no block: the record keeps its values
 
-    std::string reason;
-    if (marker + 1 >= lines.size() || !isCommentLine(lines[marker + 1])) {
-        result.warning = damagedBlockWarning("the header line is missing");
-        return result;
+    std::string reason = "the header line is missing";
+    std::optional<RecordFields::Header> header;
+    if (marker + 1 < lines.size() && isCommentLine(lines[marker + 1])) {
+        header =
+            RecordFields::parseHeader(std::string_view(lines[marker + 1].text).substr(1), &reason);
     }
-    const auto header =
-        RecordFields::parseHeader(std::string_view(lines[marker + 1].text).substr(1), &reason);
     if (!header) {
-        result.warning = damagedBlockWarning(reason);
+        showNothingRead();
+        result.warning = damagedBlockWarning(
+            reason,
+            "Its header cannot be read, so the system is shown under its own name "
+            "without planets");
         return result;
     }
+
+    // Every planet line that can be read is kept, in its order; the first problem is reported.
     SystemRecord read = record_;
     read.DisplayName = header->displayName;
     read.StarType = header->starType;
-    read.PlanetCount = header->planetCount;
+    int kept = 0;
+    std::string problem;
     for (int n = 1; n <= header->planetCount; ++n) {
         const std::size_t at = marker + 1 + static_cast<std::size_t>(n);
         if (at >= lines.size() || !isCommentLine(lines[at])) {
-            result.warning = damagedBlockWarning("only " + std::to_string(n - 1) + " of " +
-                                                 std::to_string(header->planetCount) +
-                                                 " planet lines are there");
-            return result;
+            if (problem.empty()) {
+                problem = "only " + std::to_string(n - 1) + " of " +
+                          std::to_string(header->planetCount) + " planet lines are there";
+            }
+            break;
         }
-        if (!RecordFields::parsePlanet(std::string_view(lines[at].text).substr(1), read.planet(n),
-                                       &reason)) {
-            result.warning = damagedBlockWarning("planet " + std::to_string(n) + ": " + reason);
-            return result;
+        PlanetRecord planet;
+        if (RecordFields::parsePlanet(std::string_view(lines[at].text).substr(1), planet,
+                                      &reason)) {
+            read.planet(++kept) = planet;
+        } else if (problem.empty()) {
+            problem = "planet " + std::to_string(n) + ": " + reason;
         }
     }
+    read.PlanetCount = static_cast<std::int16_t>(kept);
+    if (problem.empty()) {
+        record_ = read;
+        result.blockFound = true;
+        return result;
+    }
+    // The slots after the planets kept would otherwise still hold the previous system's planets.
+    for (int n = kept + 1; n <= kMaxPlanets; ++n) read.planet(n) = PlanetRecord();
     record_ = read;
-    result.blockFound = true;
+    result.warning = damagedBlockWarning(
+        problem, "The header and " + std::to_string(kept) + " of its " +
+                     std::to_string(header->planetCount) + " planet lines are kept");
     return result;
 }
 

@@ -1,5 +1,6 @@
 // The descriptor's system block: its exact text, loading with the fallbacks for missing or
-// damaged blocks, and the block save that must never eat lines outside the block.
+// damaged blocks (keeping what can be read, never the previous system's values), and the block
+// save that must never eat lines outside the block.
 #include <gtest/gtest.h>
 
 #include "store/SystemStore.h"
@@ -64,31 +65,86 @@ TEST_F(DescriptorBlockTest, ListedSystemWithoutBlockTakesTheListValues) {
     EXPECT_EQ(readDescriptor("Plain.orb"), bytes);
 }
 
-TEST_F(DescriptorBlockTest, DamagedBlockKeepsThePreviousValuesAndWarns) {
+TEST_F(DescriptorBlockTest, DamagedHeaderKeepsNothingOfThePreviousSystem) {
     const std::string head = crlf({"[General]", ";SolarSystem"});
-    const std::string hundredKb(100 * 1024, '9');
     const std::pair<std::string, std::string> cases[] = {
         {"", "header line is missing"},
         {crlf({"[Names]"}), "header line is missing"},
         {crlf({";\"Bad\",x,0"}), "star type \"x\""},
         {crlf({";\"Bad\",0,11"}), "planet count \"11\""},
-        {crlf({";\"Bad\",0,2", ";400,2,0,0,1,0"}), "only 1 of 2 planet lines"},
-        {crlf({";\"Bad\",0,2", ";400,2,0,0,1,0", "[1]"}), "only 1 of 2 planet lines"},
-        {crlf({";\"Bad\",0,1", ";400,two,0,0,1,0"}), "planet 1: the planet size \"two\""},
-        {crlf({";\"Bad\",0,1", ";" + hundredKb + ",2,0,0,1,0"}), "planet 1: the orbit position"},
-        {crlf({";\"Bad\",0,1", ";400,2,0,0,1"}), "planet 1: a planet line has 5 fields"},
-        {crlf({";\"Bad\",0,1", ";400,2,0,0,1,2147483648"}), "planet 1: the last visit"},
     };
     for (const auto& [block, reason] : cases) {
-        writeDescriptor("9Sol", head + block);
-        store.record() = SystemRecord();
-        const LoadResult result = store.LoadSystem("9Sol");
+        writeDescriptor("Damaged", head + block);
+        writeDescriptor("Nova", novaText());
+        store.LoadSystem("Nova");  // the system open before
+        const LoadResult result = store.LoadSystem("Damaged");
         EXPECT_FALSE(result.blockFound) << block;
         EXPECT_NE(result.warning.find(reason), std::string::npos) << result.warning;
-        EXPECT_NE(result.warning.find("9Sol"), std::string::npos) << result.warning;
-        EXPECT_EQ(store.record().PlanetCount, 9) << block;  // the list's values stand
-        EXPECT_EQ(store.record().planet(1).Position, 300) << block;
+        EXPECT_NE(result.warning.find("Damaged is damaged"), std::string::npos) << result.warning;
+        EXPECT_NE(result.warning.find("without planets"), std::string::npos) << result.warning;
+        SystemRecord expected;
+        expected.Name = "Damaged";
+        expected.setDisplayName("Damaged");
+        EXPECT_EQ(store.record(), expected) << block;
     }
+    // The game's list does not stand in for a damaged block either.
+    writeDescriptor("9Sol", head);
+    store.LoadSystem("9Sol");
+    EXPECT_EQ(store.record().PlanetCount, 0);
+    EXPECT_EQ(store.record().trimmedDisplayName(), "9Sol");
+}
+
+TEST_F(DescriptorBlockTest, DamagedPlanetLinesKeepTheReadableOnes) {
+    const std::string head = crlf({"[General]", ";SolarSystem", ";\"Bad\",4,3"});
+    const std::string hundredKb(100 * 1024, '9');
+    struct Case {
+        std::string lines;
+        std::string reason;
+        std::vector<std::int16_t> positions;  // of the planets kept
+    };
+    const Case cases[] = {
+        {crlf({";400,2,0,0,1,0"}), "only 1 of 3 planet lines", {400}},
+        {crlf({";400,2,0,0,1,0", "[1]", ";500,2,0,0,1,0"}), "only 1 of 3 planet lines", {400}},
+        {crlf({";400,two,0,0,1,0", ";500,2,0,0,1,0", ";600,2,0,0,1,0"}),
+         "planet 1: the planet size \"two\"",
+         {500, 600}},
+        {crlf({";400,2,0,0,1,0", ";" + hundredKb + ",2,0,0,1,0", ";600,2,0,0,1,0"}),
+         "planet 2: the orbit position",
+         {400, 600}},
+        {crlf({";400,2,0,0,1,0", ";500,2,0,0,1,0", ";600,2,0,0,1"}),
+         "planet 3: a planet line has 5 fields",
+         {400, 500}},
+        {crlf({";400,2,0,0,1,2147483648", ";500,2,0,0,1,0"}), "planet 1: the last visit", {500}},
+    };
+    for (const Case& c : cases) {
+        writeDescriptor("Damaged", head + c.lines);
+        writeDescriptor("Nova", novaText());
+        store.LoadSystem("Nova");
+        const LoadResult result = store.LoadSystem("Damaged");
+        EXPECT_FALSE(result.blockFound) << c.lines;
+        EXPECT_NE(result.warning.find(c.reason), std::string::npos) << result.warning;
+        EXPECT_NE(result.warning.find("The header and " + std::to_string(c.positions.size()) +
+                                      " of its 3 planet lines are kept"),
+                  std::string::npos)
+            << result.warning;
+        const SystemRecord& r = store.record();
+        EXPECT_EQ(r.trimmedDisplayName(), "Bad");
+        EXPECT_EQ(r.StarType, 4);
+        ASSERT_EQ(r.PlanetCount, static_cast<int>(c.positions.size())) << c.lines;
+        for (int n = 1; n <= r.PlanetCount; ++n)
+            EXPECT_EQ(r.planet(n).Position, c.positions[static_cast<std::size_t>(n - 1)]);
+        // Nova's planets are nowhere in the record, not even in the unused slots.
+        for (int n = r.PlanetCount + 1; n <= kMaxPlanets; ++n)
+            EXPECT_EQ(r.planet(n), PlanetRecord()) << n;
+    }
+
+    // Saving writes the block of what was kept.
+    writeDescriptor("Damaged", head + crlf({";400,two,0,0,1,0", ";500,2,0,0,1,0", "[1]", "A=1"}));
+    store.LoadSystem("Damaged");
+    ASSERT_TRUE(store.SaveSystemBlock()) << store.lastError();
+    EXPECT_EQ(readDescriptor("Damaged.orb"),
+              crlf({"[General]", ";SolarSystem", ";\"Bad                 \",4,1", ";500,2,0,0,1,0",
+                    "[1]", "A=1"}));
 }
 
 TEST_F(DescriptorBlockTest, OnlyACommentLineIsTheBlockMarker) {
@@ -133,7 +189,7 @@ TEST_F(DescriptorBlockTest, SaveNeverEatsLinesOutsideTheOldBlock) {
     // own and a section. The old count claimed is also larger than the new one.
     writeDescriptor("Nova", crlf({"[General]", ";SolarSystem", ";\"Nova\",0,3", ";400,2,0,0,1,0",
                                   "keep=me", ";my note", "[1]", "Hail=Hi"}));
-    store.LoadSystem("Nova");  // damaged: the record keeps its values
+    store.LoadSystem("Nova");  // damaged: one of the three planets claimed is there
     store.record().Name = "Nova";
     store.record().setDisplayName("Nova");
     store.record().PlanetCount = 2;

@@ -9,14 +9,27 @@
 #include <QLineEdit>
 #include <QStandardPaths>
 
+#include "editor/CanvasPainter.h"
+#include "editor/SystemCanvas.h"
 #include "platform/Settings.h"
 #include "store/SystemOperations.h"
+#include "store/Tables.h"
 #include "support/MainWindowHarness.h"
 
 using namespace orr;
 using namespace orr::ui;
 using orr::test::MainWindowHarness;
 using orr::test::TempGameFolder;
+
+namespace {
+
+QColor colourAt(MainWindowHarness& h, OrbitGeometry::Point units) {
+    const QImage picture = h.window().picSolarSystem->grab().toImage();
+    const QPointF at = h.window().picSolarSystem->toPixels(units) * picture.devicePixelRatio();
+    return picture.pixelColor(at.toPoint());
+}
+
+}  // namespace
 
 class frmSSEditOpenAndEditTest : public QObject {
     Q_OBJECT
@@ -25,6 +38,38 @@ class frmSSEditOpenAndEditTest : public QObject {
     void initTestCase() {
         QStandardPaths::setTestModeEnabled(true);
         Settings::setDisplayAsteroids(true);
+    }
+
+    void aDamagedSystemShowsItsReadablePlanetsOnly() {
+        MainWindowHarness h;
+        h.addSystem(MainWindowHarness::spacedSystem("Aaa", 3));
+        // Bbb's second planet line is damaged; its first and third are kept.
+        h.game.write(
+            "ORBDescriptor/Bbb.orb",
+            TempGameFolder::crlf({"[General]", ";SolarSystem", ";\"Bbb\",2,3", ";550,3,0,0,11,0",
+                                  ";700,x,0,0,1,0", ";1300,3,0,0,11,0"}));
+        QVERIFY(h.start());
+        h.choose("Aaa");
+        QGuiApplication::setOverrideCursor(Qt::ArrowCursor);  // to see the hourglass go
+        Qt::CursorShape cursorAtWarning = Qt::WaitCursor;
+        h.prompts.answerMessageWith([&](const MessagePrompt&) {
+            cursorAtWarning = QGuiApplication::overrideCursor()->shape();
+            return PromptAnswer::Ok;
+        });
+        h.choose("Bbb");
+        QCOMPARE(h.prompts.messageTexts().size(), 1);
+        QVERIFY(h.prompts.messageTexts().front().contains(QStringLiteral("Bbb is damaged")));
+        QCOMPARE(cursorAtWarning, Qt::ArrowCursor);
+        QGuiApplication::restoreOverrideCursor();
+        QCOMPARE(QGuiApplication::overrideCursor(), nullptr);
+
+        QCOMPARE(h.record().PlanetCount, 2);
+        QCOMPARE(h.window().lblName->text(), QStringLiteral("Bbb"));
+        const QColor classK = CanvasPainter::paletteColour(Tables::ClassColours[11]);
+        QCOMPARE(colourAt(h, h.planetCentre(1)), classK);
+        QCOMPARE(colourAt(h, h.planetCentre(2)), classK);
+        // Aaa's third planet stood at 1000 units on the right; nothing of Aaa is drawn.
+        QCOMPARE(colourAt(h, {1000, 0}), QColor(Qt::black));
     }
 
     void theBackupQuestionIsAskedWithTheNormalCursor() {
