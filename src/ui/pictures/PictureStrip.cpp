@@ -34,7 +34,8 @@ bool PictureStrip::LoadPictures(const fs::path& file, int count) {
 }
 
 void PictureStrip::SetupPics(int count) {
-    pictures_.assign(static_cast<std::size_t>(std::max(count, 0)), QImage());
+    // The first slot always stays: the first planet added to a system without planets uses it.
+    pictures_.assign(static_cast<std::size_t>(std::max(count, 1)), QImage());
     dirty_ = false;
 }
 
@@ -55,7 +56,7 @@ QImage PictureStrip::composeStrip() const {
 }
 
 bool PictureStrip::SavePictures(const fs::path& file) {
-    if (pictures_.empty()) {
+    if (!hasAnyPicture()) {
         dirty_ = false;
         return true;
     }
@@ -143,7 +144,11 @@ void PictureStrip::addPictureSlot() {
 void PictureStrip::dropLastPictureSlot() {
     if (pictures_.empty()) return;
     if (hasAnyPicture()) dirty_ = true;
-    pictures_.pop_back();
+    // The single planet's slot is emptied rather than dropped: the first slot always stays.
+    if (pictures_.size() == 1)
+        pictures_.front() = QImage();
+    else
+        pictures_.pop_back();
 }
 
 void PictureStrip::resetPictures(int count) {

@@ -30,17 +30,20 @@ class PictureStrip : public orr::PictureSlots {
     // left. A file that cannot be read as a picture gives `count` empty pictures and false.
     // Clears the "DIRTY" mark: the pictures are those on disk.
     bool LoadPictures(const std::filesystem::path& file, int count);
-    // `count` empty pictures (a system without a picture file); clears the "DIRTY" mark.
+    // `count` empty pictures (a system without a picture file); clears the "DIRTY" mark. There
+    // is always at least one slot, also for a system without planets: its first planet uses it.
     void SetupPics(int count);
     // Composes the strip (blank cells for planets without a picture) and writes it as a
     // bitmap, atomically. When the write fails, every picture file of the system named by the
     // file's base name ("Sol" for ".../Sol.bmp") is deleted, so no stale strip is left to be
-    // cut into the wrong cells. A system without planets writes nothing. Clears the "DIRTY"
-    // mark on success.
+    // cut into the wrong cells. A strip without any picture (a system without planets, too)
+    // writes nothing: the old strip files are the caller's to delete. Clears the "DIRTY" mark
+    // on success.
     bool SavePictures(const std::filesystem::path& file);
     // Exchanges the pictures of planets a and b (1-based); marks "DIRTY" when either has one.
     void SwapPictures(int a, int b);
 
+    // The number of slots: the planet count, but at least one.
     int count() const { return static_cast<int>(pictures_.size()); }
     // Planet n's picture (1-based); a null image when it has none or n is out of range.
     QImage picture(int n) const;
@@ -71,7 +74,8 @@ class PictureStrip : public orr::PictureSlots {
     QImage composeStrip() const;
 
     // PictureSlots: a reorder, insert, delete or clear changes the saved strip as soon as any
-    // planet has a picture, so those mark "DIRTY" then.
+    // planet has a picture, so those mark "DIRTY" then. Dropping the last slot of a single
+    // planet empties it instead.
     void swapPictures(int a, int b) override;
     void addPictureSlot() override;
     void dropLastPictureSlot() override;

@@ -104,6 +104,37 @@ class frmSSEditOpenAndEditTest : public QObject {
         QCOMPARE(h.descriptor("Nova"), before);
         QVERIFY(!h.store().IsModified());
     }
+
+    void everyPlanetHasAPictureSlot() {
+        MainWindowHarness h;
+        h.addSystem(TempGameFolder::systemRecord("Empty", 0));
+        QVERIFY(h.start());
+        h.choose("Empty");
+        PictureStrip& pictures = h.window().pictures();
+        QCOMPARE(pictures.count(), 1);  // the first slot is always there
+        for (int planets = 1; planets <= 3; ++planets) {
+            h.action("mnuPAdd")->trigger();
+            QCOMPARE(h.record().PlanetCount, planets);
+            QCOMPARE(pictures.count(), planets);
+        }
+
+        h.prompts.answerMessage(PromptAnswer::Yes);
+        h.action("mnuFClear")->trigger();
+        QCOMPARE(h.record().PlanetCount, 0);
+        QCOMPARE(pictures.count(), 1);
+        h.action("mnuPAdd")->trigger();
+        QCOMPARE(pictures.count(), 1);
+        h.action("mnuPAdd")->trigger();
+        QCOMPARE(pictures.count(), 2);
+
+        // Deleting the single planet left empties its slot.
+        h.pickPlanetMenu(2, "mnuDelete");
+        pictures.setPicture(1, QImage(4, 4, QImage::Format_RGB32));
+        h.pickPlanetMenu(1, "mnuDelete");
+        QCOMPARE(h.record().PlanetCount, 0);
+        QCOMPARE(pictures.count(), 1);
+        QVERIFY(!pictures.hasAnyPicture());
+    }
 };
 
 QTEST_MAIN(frmSSEditOpenAndEditTest)

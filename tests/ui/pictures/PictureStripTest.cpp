@@ -137,7 +137,22 @@ class PictureStripTest : public QObject {
         QCOMPARE(strip.count(), 3);
         strip.clearDirty();
         planetSlots.resetPictures(0);  // Clear Planets: the saved strip must go
-        QCOMPARE(strip.count(), 0);
+        QCOMPARE(strip.count(), 1);    // the first slot stays, for the next planet added
+        QVERIFY(!strip.hasAnyPicture());
+        QVERIFY(strip.isDirty());
+    }
+
+    void theFirstSlotAlwaysStays() {
+        PictureStrip strip;
+        strip.SetupPics(0);
+        QCOMPARE(strip.count(), 1);
+        orr::PictureSlots& planetSlots = strip;
+        // The single planet deleted: its slot is emptied, not dropped.
+        strip.setPicture(1, filled(5, 5, Qt::red));
+        strip.clearDirty();
+        planetSlots.dropLastPictureSlot();
+        QCOMPARE(strip.count(), 1);
+        QVERIFY(!strip.hasPicture(1));
         QVERIFY(strip.isDirty());
     }
 
