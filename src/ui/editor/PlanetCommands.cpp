@@ -73,10 +73,21 @@ void PlanetCommands::renameHighlighted() {
                toQString(Tables::RomanNumerals[static_cast<std::size_t>(planet)]) + kDefaultHint;
     ask.caption = frmSSEdit::kCaption;
     ask.defaultText = toQString(planetName(store, planet));
-    const std::optional<QString> answer = prompts().input(&w_, ask);
-    if (!answer || answer->isEmpty()) return;
-    w_.report(setPlanetName(store, planet, toBytes(*answer)));
+    const std::optional<std::string> answer = askStorableName(ask);
+    if (!answer) return;
+    w_.report(setPlanetName(store, planet, *answer));
     w_.DrawSystem(true);
+}
+
+std::optional<std::string> PlanetCommands::askStorableName(InputPrompt ask) {
+    for (;;) {
+        const std::optional<QString> answer = prompts().input(&w_, ask);
+        if (!answer || answer->isEmpty()) return std::nullopt;
+        if (std::optional<std::string> bytes = toStorableBytes(*answer)) return bytes;
+        // The game would show '?' for what it cannot store: ask again with the text as typed.
+        prompts().inform(&w_, unstorableMessage(unstorableCharacters(*answer)));
+        ask.defaultText = *answer;
+    }
 }
 
 void PlanetCommands::setHighlightedClass(int planetClass) {
@@ -171,9 +182,9 @@ void PlanetCommands::describeStar() {
                toQString(store.record().trimmedDisplayName()) + kDefaultHint;
     ask.caption = frmSSEdit::kCaption;
     ask.defaultText = toQString(planetName(store, 0));
-    const std::optional<QString> answer = prompts().input(&w_, ask);
-    if (!answer || answer->isEmpty()) return;
-    w_.report(setPlanetName(store, 0, toBytes(*answer)));
+    const std::optional<std::string> answer = askStorableName(ask);
+    if (!answer) return;
+    w_.report(setPlanetName(store, 0, *answer));
     w_.DrawSystem(true);
 }
 

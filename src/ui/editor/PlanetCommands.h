@@ -3,7 +3,10 @@
 // canvas and the star's context menu. Each change goes into the working copy at once.
 
 #include <QPoint>
+#include <optional>
+#include <string>
 
+#include "platform/Prompts.h"
 #include "store/SystemOperations.h"
 
 namespace orr::ui {
@@ -41,6 +44,8 @@ class PlanetCommands {
 
   private:
     int highlighted() const;
+    // Asks for a name until it is empty (nullopt: no change) or the game can store it.
+    std::optional<std::string> askStorableName(InputPrompt ask);
     void afterPlanetCountChange();
     void showAddResult(AddPlanetResult result);
 

@@ -300,8 +300,13 @@ std::optional<std::string> SystemLifecycle::askSaveAsName() {
     for (;;) {
         const std::optional<QString> answer = prompts().input(&w_, ask);
         if (!answer || answer->isEmpty()) return std::nullopt;
-        const std::string name = toBytes(*answer);
         ask.defaultText = *answer;
+        const std::optional<std::string> storable = toStorableBytes(*answer);
+        if (!storable) {
+            prompts().inform(&w_, unstorableMessage(unstorableCharacters(*answer)));
+            continue;
+        }
+        const std::string& name = *storable;
         if (const auto problem = CheckSystemName(name)) {
             prompts().inform(&w_, toQString(*problem));
             continue;

@@ -117,6 +117,8 @@ void frmNewSS::chkCustom_Click() {
 
 QString frmNewSS::refusalFor(const QString& name) const {
     if (name.isEmpty()) return kNoNameMessage;
+    if (const QString unstorable = unstorableCharacters(name); !unstorable.isEmpty())
+        return unstorableMessage(unstorable);
     const std::string bytes = toBytes(name);
     if (const auto reason = CheckSystemName(bytes)) return toQString(*reason);
     // Descriptor names are compared ignoring case: the folder goes back to Windows, where

@@ -350,7 +350,7 @@ bool frmSSEdit::eventFilter(QObject* watched, QEvent* event) {
             finishNameEdit(false);
             return true;
         }
-        if (event->type() == QEvent::FocusOut) finishNameEdit(false);
+        if (event->type() == QEvent::FocusOut && !refusingName_) finishNameEdit(false);
     }
     return QMainWindow::eventFilter(watched, event);
 }
@@ -366,6 +366,17 @@ void frmSSEdit::beginNameEdit() {
 void frmSSEdit::finishNameEdit(bool keep) {
     if (nameStack_->currentWidget() != txtName) return;
     const QString typed = txtName->text();
+    if (keep) {
+        if (const QString unstorable = unstorableCharacters(typed); !unstorable.isEmpty()) {
+            // The box stays open for a correction; the message must not close it by taking the
+            // focus away.
+            refusingName_ = true;
+            prompts().inform(this, unstorableMessage(unstorable));
+            refusingName_ = false;
+            txtName->setFocus();
+            return;
+        }
+    }
     nameStack_->setCurrentWidget(lblName);
     // Enter on the name as it was shown writes nothing, so the system does not turn modified.
     if (keep && typed != toQString(store_.record().trimmedDisplayName())) {

@@ -166,6 +166,7 @@ class frmSSEdit : public QMainWindow {
     MessageEditorOpener messageEditorOpener_;
     bool endingQuietly_ = false;
     bool exitConfirmed_ = false;
+    bool refusingName_ = false;  // the display name box shows why it cannot take a text
 };
 
 }  // namespace orr::ui

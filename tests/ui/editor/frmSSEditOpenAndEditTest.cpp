@@ -11,6 +11,7 @@
 
 #include "editor/CanvasPainter.h"
 #include "editor/SystemCanvas.h"
+#include "platform/QtText.h"
 #include "platform/Settings.h"
 #include "store/SystemOperations.h"
 #include "store/Tables.h"
@@ -22,6 +23,8 @@ using orr::test::MainWindowHarness;
 using orr::test::TempGameFolder;
 
 namespace {
+
+const QString kSnowman = QString::fromUtf8("\u2603");
 
 QColor colourAt(MainWindowHarness& h, OrbitGeometry::Point units) {
     const QImage picture = h.window().picSolarSystem->grab().toImage();
@@ -90,6 +93,41 @@ class frmSSEditOpenAndEditTest : public QObject {
         QVERIFY(!hourglassAtQuestion);
         QCOMPARE(h.record().PlanetCount, 3);
         QCOMPARE(QGuiApplication::overrideCursor(), nullptr);
+    }
+
+    void namesTheGameCannotStoreAreAskedForAgain() {
+        MainWindowHarness h;
+        h.addSystem(MainWindowHarness::spacedSystem("Nova", 2));
+        QVERIFY(h.start());
+        h.choose("Nova");
+        h.prompts.answerInput(QStringLiteral("Zeph") + kSnowman + QStringLiteral("r"));
+        h.prompts.answerMessage(PromptAnswer::Ok);
+        h.prompts.answerInput(QStringLiteral("Zephyr"));
+        h.pickPlanetMenu(2, "mnuDescription");
+        QCOMPARE(h.prompts.messageTexts(), QStringList({unstorableMessage(kSnowman)}));
+        QCOMPARE(planetName(h.store(), 2), std::string("Zephyr"));
+
+        // The star's description: refused, then left as it was.
+        h.prompts.answerInput(kSnowman);
+        h.prompts.answerMessage(PromptAnswer::Ok);
+        h.prompts.answerInput(std::nullopt);
+        h.pickStarMenu("mnuStarDesc");
+        QCOMPARE(h.store().GetName(0, ""), std::string(kNotUsed));
+
+        // The display name box stays open with the text until it can be stored.
+        QLineEdit* box = h.window().txtName;
+        QTest::mouseClick(h.window().lblName, Qt::LeftButton);
+        box->setText(QStringLiteral("Hel") + kSnowman + QStringLiteral("os"));
+        h.prompts.answerMessage(PromptAnswer::Ok);
+        QTest::keyClick(box, Qt::Key_Return);
+        QCOMPARE(h.prompts.messageTexts().size(), 3);
+        QVERIFY(box->isVisible());
+        QCOMPARE(h.record().trimmedDisplayName(), std::string("Nova"));
+        box->setText(QStringLiteral("Helios"));
+        QTest::keyClick(box, Qt::Key_Return);
+        QVERIFY(!box->isVisible());
+        QCOMPARE(h.record().trimmedDisplayName(), std::string("Helios"));
+        QCOMPARE(h.prompts.unexpectedCount(), 0);
     }
 
     void enterOnTheUnchangedDisplayNameWritesNothing() {
