@@ -143,7 +143,16 @@ bool SystemLifecycle::commitOpenSystem() {
     if (store.EndEdit(true)) return true;
     w_.report(false);
     // The commit failed and the working copy is still there: keep editing it.
-    store.BeginEdit([] { return true; });
+    reopenWorkingCopy(true);
+    return false;
+}
+
+bool SystemLifecycle::reopenWorkingCopy(bool keepOld) {
+    if (w_.store().BeginEdit([keepOld] { return keepOld; })) return true;
+    // Without a working copy every change would go straight into the saved descriptor: leave
+    // the system, as when it cannot be opened.
+    w_.report(false);
+    applyNoSelection();
     return false;
 }
 
@@ -287,7 +296,7 @@ bool SystemLifecycle::save() {
     const bool committed = w_.report(store.EndEdit(true));
     // A fresh working copy equal to the saved file; after a failed commit the old working copy
     // (with every change) is kept instead.
-    store.BeginEdit([] { return true; });
+    if (!reopenWorkingCopy(!committed)) return false;
     w_.applyEnablingRules();
     return committed;
 }
@@ -337,6 +346,8 @@ void SystemLifecycle::saveAs() {
         addEntry(*name);
         index = w_.cboSystems->count() - 1;
     }
+    // A failed fresh working copy has left the system already.
+    if (!store.IsEditing()) return;
     tag_ = index;
     selectEntry(index);
     w_.picSolarSystem->setSystemIndex(index);

@@ -48,6 +48,9 @@ class SystemLifecycle {
     bool saveSteps();
     // saveSteps and the commit; when the commit fails the working copy stays open for editing.
     bool commitOpenSystem();
+    // BeginEdit after a save: keepOld edits on in the old working copy (the commit failed).
+    // When no working copy can be made the system is left, as when it cannot be opened.
+    bool reopenWorkingCopy(bool keepOld);
     void discardWorkingCopy();
     void openEntry(int index);
     void loadPlanetPictures();

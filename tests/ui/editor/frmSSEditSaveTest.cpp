@@ -3,7 +3,15 @@
 
 #include <QtTest>
 
+#include <QComboBox>
+#include <QMenu>
+#include <QPushButton>
 #include <QStandardPaths>
+
+#include <fcntl.h>
+#include <linux/fs.h>
+#include <sys/ioctl.h>
+#include <unistd.h>
 
 #include "platform/QtText.h"
 #include "support/MainWindowHarness.h"
@@ -12,6 +20,7 @@ using namespace orr;
 using namespace orr::ui;
 using orr::test::MainWindowHarness;
 using orr::test::TempGameFolder;
+namespace fs = std::filesystem;
 
 namespace {
 
@@ -20,6 +29,44 @@ QStringList files(MainWindowHarness& h, const char* folder) {
                             .entryList(QDir::Files | QDir::Hidden, QDir::Name);
     return names;
 }
+
+// Makes a folder read-only while it lives; for root, whom permissions do not bind, also
+// immutable where the file system allows it. enforced() says whether it worked.
+class ReadOnlyFolder {
+  public:
+    explicit ReadOnlyFolder(fs::path folder) : folder_(std::move(folder)) {
+        fs::permissions(folder_, fs::perms::owner_read | fs::perms::owner_exec);
+        if (geteuid() == 0) setImmutable(true);
+        const fs::path probe = folder_ / "probe";
+        const int fd = open(probe.c_str(), O_WRONLY | O_CREAT | O_EXCL, 0600);
+        enforced_ = fd < 0;
+        if (fd >= 0) {
+            close(fd);
+            unlink(probe.c_str());
+        }
+    }
+    ~ReadOnlyFolder() {
+        if (geteuid() == 0) setImmutable(false);
+        std::error_code ec;
+        fs::permissions(folder_, fs::perms::owner_all, ec);
+    }
+    bool enforced() const { return enforced_; }
+
+  private:
+    void setImmutable(bool on) {
+        const int fd = open(folder_.c_str(), O_RDONLY | O_DIRECTORY);
+        if (fd < 0) return;
+        int flags = 0;
+        if (ioctl(fd, FS_IOC_GETFLAGS, &flags) == 0) {
+            flags = on ? (flags | FS_IMMUTABLE_FL) : (flags & ~FS_IMMUTABLE_FL);
+            ioctl(fd, FS_IOC_SETFLAGS, &flags);
+        }
+        close(fd);
+    }
+
+    fs::path folder_;
+    bool enforced_ = false;
+};
 
 }  // namespace
 
@@ -45,6 +92,32 @@ class frmSSEditSaveTest : public QObject {
         QCOMPARE(asked[2].defaultText, snowman);  // asked again with the text as typed
         QCOMPARE(files(h, "ORBDescriptor"), QStringList({"Nova.edt", "Nova.orb"}));
         QCOMPARE(h.record().Name, std::string("Nova"));
+    }
+
+    void aFreshWorkingCopyThatCannotBeMadeLeavesTheSystem() {
+        MainWindowHarness h;
+        h.addSystem(TempGameFolder::systemRecord("Nova", 3));
+        QVERIFY(h.start());
+        h.choose("Nova");
+        h.action("mnuPAdd")->trigger();
+        // After the commit the working copy's name leads into a folder that cannot be written,
+        // to a stale file that must not be taken for the fresh copy.
+        const fs::path locked = h.game.path("locked");
+        h.game.write("locked/Nova.edt", "stale");
+        fs::create_symlink(locked / "Nova.edt", h.game.path("ORBDescriptor/NOVA.EDT"));
+        const ReadOnlyFolder readOnly(locked);
+        if (!readOnly.enforced()) QSKIP("the folder cannot be made read-only here");
+
+        h.window().cmdSave->click();
+        QVERIFY(h.descriptor("Nova", ".orb").find(",0,4\r\n") != std::string::npos);
+        QCOMPARE(h.prompts.messageTexts().size(), 1);
+        QVERIFY(h.prompts.messageTexts().front().contains(QStringLiteral("working copy")));
+        // No system is open: nothing can write into the saved descriptor behind a working copy.
+        QVERIFY(!h.store().IsEditing());
+        QCOMPARE(h.window().cboSystems->currentIndex(), -1);
+        QVERIFY(!h.window().cmdSave->isEnabled());
+        QVERIFY(!h.window().mnuPlanet->isEnabled());
+        QCOMPARE(h.record().PlanetCount, 0);
     }
 };
 
