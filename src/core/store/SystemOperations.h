@@ -56,11 +56,17 @@ bool setPlanetFlag(SystemStore& store, const std::string& key, int n, bool yes);
 // Clear Planets: every planet's section and name removed, the count set to 0.
 bool clearPlanets(SystemStore& store, PictureSlots* pictures = nullptr);
 
-// New: writes the descriptor of a new system. A key of the game's list replaces that system
-// (its record is taken from the list); any other answer is a custom system. Refused (with the
-// reason) when the name is unusable or the system already exists.
-std::optional<std::string> canCreateSystem(const SystemStore& store, const std::string& answer);
-bool createSystem(SystemStore& store, const std::string& answer);
+// What the answer of New is. ListedKey: a key of the game's list replaces that system (its
+// record is taken from the list), and any other answer is a custom system. CustomName: a name
+// the user typed for a custom system, which stays custom even when it equals a listed key.
+enum class NewSystemAnswer { ListedKey, CustomName };
+
+// New: writes the descriptor of a new system. Refused (with the reason) when the name is
+// unusable or the system already exists.
+std::optional<std::string> canCreateSystem(const SystemStore& store, const std::string& answer,
+                                           NewSystemAnswer kind = NewSystemAnswer::ListedKey);
+bool createSystem(SystemStore& store, const std::string& answer,
+                  NewSystemAnswer kind = NewSystemAnswer::ListedKey);
 
 // Files of the system `name` in the pictures folder: the strip (name + "." + ext), the star
 // picture (name + "Sun." + ext) and the animations (name + 1..10 + ".avi"); never another

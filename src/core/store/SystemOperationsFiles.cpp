@@ -31,23 +31,28 @@ bool isAnimationNumber(std::string_view digits) {
 
 }  // namespace
 
-std::optional<std::string> canCreateSystem(const SystemStore& store, const std::string& answer) {
+std::optional<std::string> canCreateSystem(const SystemStore& store, const std::string& answer,
+                                           NewSystemAnswer kind) {
     if (std::optional<std::string> reason = CheckSystemName(answer)) return reason;
     std::error_code ec;
     const fs::path existing = store.descriptorPath(answer, ".orb");
     if (fs::exists(existing, ec)) {
-        return "A system named \"" + existing.stem().string() + "\" already exists.";
+        // A typed name can be typed again; a listed key is the only name of its system.
+        return "A system named \"" + existing.stem().string() + "\" already exists." +
+               (kind == NewSystemAnswer::CustomName ? " Please choose another name." : "");
     }
     return std::nullopt;
 }
 
-bool createSystem(SystemStore& store, const std::string& answer) {
-    if (std::optional<std::string> reason = canCreateSystem(store, answer)) {
+bool createSystem(SystemStore& store, const std::string& answer, NewSystemAnswer kind) {
+    if (std::optional<std::string> reason = canCreateSystem(store, answer, kind)) {
         return store.fail(*reason);
     }
     // Slots the new system does not use keep what they held, as everywhere in the record.
     SystemRecord record = store.record();
-    if (!FindListedSystem(store.folder(), answer, record)) {
+    const bool listed =
+        kind == NewSystemAnswer::ListedKey && FindListedSystem(store.folder(), answer, record);
+    if (!listed) {
         record.Name = answer;
         record.setDisplayName(answer);
         record.StarType = 0;

@@ -354,27 +354,28 @@ void SystemLifecycle::saveAs() {
     w_.DrawSystem(true);
 }
 
-std::optional<std::string> SystemLifecycle::askNewSystemName() {
+std::optional<SystemLifecycle::NewSystemChoice> SystemLifecycle::askNewSystemName() {
     frmNewSS dialog(w_.store().folder(), &w_);
     w_.runDialog(dialog);
     if (dialog.tag().isEmpty()) return std::nullopt;
-    return dialog.tagBytes();
+    return NewSystemChoice{dialog.tagBytes(), dialog.customChosen() ? NewSystemAnswer::CustomName
+                                                                    : NewSystemAnswer::ListedKey};
 }
 
 void SystemLifecycle::newSystem() {
-    const std::optional<std::string> answer = askNewSystemName();
+    const std::optional<NewSystemChoice> answer = askNewSystemName();
     if (!answer) return;
     SystemStore& store = w_.store();
-    if (const auto refusal = canCreateSystem(store, *answer)) {
+    if (const auto refusal = canCreateSystem(store, answer->name, answer->kind)) {
         prompts().inform(&w_, toQString(*refusal));
         return;
     }
-    if (!leaveOpenSystem(saveQuestion(*answer))) return;
-    if (!w_.report(createSystem(store, *answer))) {
+    if (!leaveOpenSystem(saveQuestion(answer->name))) return;
+    if (!w_.report(createSystem(store, answer->name, answer->kind))) {
         applyNoSelection();
         return;
     }
-    addEntry(*answer);
+    addEntry(answer->name);
     openEntry(w_.cboSystems->count() - 1);
 }
 

@@ -9,6 +9,7 @@
 #include <string>
 
 #include "platform/Prompts.h"
+#include "store/SystemOperations.h"
 
 namespace orr::ui {
 
@@ -59,7 +60,12 @@ class SystemLifecycle {
     // Selects an entry without it counting as the user's choice.
     void selectEntry(int index);
     void addEntry(const std::string& name);
-    std::optional<std::string> askNewSystemName();
+    // The answer of the Add System dialog and whether it was typed as a custom name.
+    struct NewSystemChoice {
+        std::string name;
+        NewSystemAnswer kind = NewSystemAnswer::ListedKey;
+    };
+    std::optional<NewSystemChoice> askNewSystemName();
     std::optional<std::string> askSaveAsName();
     MessagePrompt saveQuestion(const std::string& newName) const;
 

@@ -64,6 +64,7 @@ frmNewSS::frmNewSS(GameFolder folder, QWidget* parent)
 void frmNewSS::refresh() {
     tag_.clear();
     tagBytes_.clear();
+    customChosen_ = false;
     cboSystems->clear();
     txtName->clear();
     // A descriptor saved under an entry's key means that system is replaced already, whether
@@ -148,11 +149,13 @@ void frmNewSS::cmdOK_Click() {
         }
         tag_ = name;
         tagBytes_ = toBytes(name);
+        customChosen_ = true;
     } else {
         if (cboSystems->currentIndex() < 0) return;
         tag_ = cboSystems->currentText();
         const QByteArray key = cboSystems->currentData().toByteArray();
         tagBytes_.assign(key.constData(), static_cast<std::size_t>(key.size()));
+        customChosen_ = false;
     }
     accept();
 }
@@ -164,6 +167,7 @@ void frmNewSS::cmdCancel_Click() {
 void frmNewSS::reject() {
     tag_.clear();
     tagBytes_.clear();
+    customChosen_ = false;
     QDialog::reject();
 }
 

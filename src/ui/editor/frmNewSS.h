@@ -5,7 +5,10 @@
 //
 //     frmNewSS dialog(store.folder(), this);
 //     dialog.exec();
-//     if (!dialog.tag().isEmpty()) createSystem(store, dialog.tagBytes());
+//     if (!dialog.tag().isEmpty())
+//         createSystem(store, dialog.tagBytes(), dialog.customChosen()
+//                                                    ? NewSystemAnswer::CustomName
+//                                                    : NewSystemAnswer::ListedKey);
 
 #include <QDialog>
 #include <QString>
@@ -39,6 +42,9 @@ class frmNewSS : public QDialog {
     QString tag() const { return tag_; }
     // The answer as the game folder's bytes: the list entry exactly as the game's list has it.
     std::string tagBytes() const { return tagBytes_; }
+    // Whether the answer is a name typed under "Custom": such a system is custom even when its
+    // name equals a key of the game's list.
+    bool customChosen() const { return customChosen_; }
 
     // Controls.
     QLabel* lblSystems;
@@ -66,6 +72,7 @@ class frmNewSS : public QDialog {
     GameFolder folder_;
     QString tag_;
     std::string tagBytes_;
+    bool customChosen_ = false;
 };
 
 }  // namespace orr::ui

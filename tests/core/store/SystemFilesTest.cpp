@@ -96,6 +96,15 @@ TEST_F(SystemFilesTest, ListedSystemTakesTheListRecord) {
     EXPECT_EQ(OfferedSystems(game.folder()), (Names{"0Vega", "3Sol"}));
 }
 
+TEST_F(SystemFilesTest, ACustomNameEqualToAListedKeyStaysCustom) {
+    ASSERT_TRUE(createSystem(store, "9Sol", NewSystemAnswer::CustomName)) << store.lastError();
+    EXPECT_EQ(readDescriptor("9Sol.orb"), crlf({"[General]", "PlanetPics = ", "Messages = ", "",
+                                                ";SolarSystem", ";\"9Sol                \",0,0"}));
+    EXPECT_EQ(store.record().PlanetCount, 0);
+    EXPECT_EQ(canCreateSystem(store, "9sol", NewSystemAnswer::CustomName),
+              "A system named \"9Sol\" already exists. Please choose another name.");
+}
+
 TEST_F(SystemFilesTest, RefusesExistingAndUnusableNames) {
     writeDescriptor("Nova", crlf({"[General]"}));
     EXPECT_EQ(canCreateSystem(store, "NOVA"), "A system named \"Nova\" already exists.");

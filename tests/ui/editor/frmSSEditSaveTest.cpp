@@ -3,7 +3,9 @@
 
 #include <QtTest>
 
+#include <QCheckBox>
 #include <QComboBox>
+#include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
 #include <QStandardPaths>
@@ -13,6 +15,7 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
+#include "editor/frmNewSS.h"
 #include "platform/QtText.h"
 #include "support/MainWindowHarness.h"
 
@@ -118,6 +121,29 @@ class frmSSEditSaveTest : public QObject {
         QVERIFY(!h.window().cmdSave->isEnabled());
         QVERIFY(!h.window().mnuPlanet->isEnabled());
         QCOMPARE(h.record().PlanetCount, 0);
+    }
+
+    void aCustomNameEqualToAListedKeyMakesACustomSystem() {
+        MainWindowHarness h;
+        h.game.writeSystemList({"\"Sol\",3,2", "400,2,0,0,1,0", "430,3,1,0,13,0"});
+        QVERIFY(h.start());
+        h.onDialog([](QDialog& dialog) {
+            auto* add = qobject_cast<frmNewSS*>(&dialog);
+            QVERIFY(add);
+            add->refresh();
+            QCOMPARE(add->cboSystems->currentText(), QStringLiteral("2Sol"));
+            add->chkCustom->click();
+            add->txtName->setText(QStringLiteral("2Sol"));
+            add->cmdOK->click();
+        });
+        h.window().cmdAdd->click();
+        QCOMPARE(h.selected(), QStringLiteral("2Sol"));
+        QCOMPARE(h.record().PlanetCount, 0);
+        QCOMPARE(h.record().StarType, 0);
+        QCOMPARE(h.record().trimmedDisplayName(), std::string("2Sol"));
+        QVERIFY(h.descriptor("2Sol", ".orb").find(";\"2Sol                \",0,0\r\n") !=
+                std::string::npos);
+        QCOMPARE(h.prompts.unexpectedCount(), 0);
     }
 };
 
