@@ -10,7 +10,6 @@
 
 #include "CliSupport.h"
 #include "Command.h"
-#include "store/FileIo.h"
 #include "store/SystemList.h"
 #include "store/SystemName.h"
 #include "store/SystemOperations.h"
@@ -258,24 +257,6 @@ void clearPlanetsCommand(CliContext& context, const QStringList& args) {
     session.commit();
 }
 
-// Save As keeps the old system; the new one also gets the old one's pictures under its own name,
-// as the editor's save would write the pictures it holds in memory.
-void copyPictures(SystemStore& store, const std::string& from, const std::string& to) {
-    const GameFolder& folder = store.folder();
-    std::error_code error;
-    for (const fs::path& stale : systemPictureFiles(folder, to)) fs::remove(stale, error);
-    for (const fs::path& picture : systemPictureFiles(folder, from)) {
-        if (!fs::is_regular_file(picture, error)) continue;
-        const std::string file = picture.filename().string();
-        const fs::path target = picture.parent_path() / (to + file.substr(from.size()));
-        std::string reason;
-        if (!copyFileKeepingTime(picture, target, &reason)) {
-            throw CliError("The system was saved as " + inQuotes(to) + ", but the picture " +
-                           inQuotes(file) + " could not be copied: " + reason);
-        }
-    }
-}
-
 void renameCommand(CliContext& context, const QStringList& args) {
     SystemStore store = openStore(context);
     const std::string oldName = existingSystem(store, args[0]);
@@ -289,7 +270,13 @@ void renameCommand(CliContext& context, const QStringList& args) {
             session.fail("The working copy could not be renamed to " + inQuotes(newName) + ".");
         session.commit();
     }
-    copyPictures(store, oldName, newName);
+    // Save As keeps the old system; the new one also gets the old one's pictures under its own
+    // name, as the editor's Save As does.
+    std::string reason;
+    if (!replaceSystemPictures(store.folder(), oldName, newName, &reason)) {
+        throw CliError("The system was saved as " + inQuotes(newName) +
+                       ", but not all of its pictures could be carried over. " + reason);
+    }
 }
 
 void deleteSystem(CliContext& context, const QStringList& args) {

@@ -75,6 +75,14 @@ std::vector<fs::path> systemPictureFiles(const GameFolder& folder, const std::st
 // Deletes the saved descriptor and this system's pictures only.
 bool deleteSystemFiles(SystemStore& store, const std::string& name);
 
+// Save As: the saved pictures of system `from` become those of system `to`. The strip, star
+// picture and animations `to` had are deleted and those of `from` are copied under the new
+// name; `from` keeps its own. When the names differ only in letter case they name one system
+// on Windows, and its files are renamed to the new spelling instead. False, with the reason in
+// *error, when a file could not be deleted, copied or renamed (the others are still done).
+bool replaceSystemPictures(const GameFolder& folder, const std::string& from, const std::string& to,
+                           std::string* error = nullptr);
+
 // The game's start argument for a system key: 21 characters (8-bit codes).
 std::string EncodeStarArgument(const std::string& key);
 

@@ -1,5 +1,6 @@
-// The edits of SystemOperations.h that create and delete whole systems, and the game's start
-// argument.
+// The edits of SystemOperations.h that create and delete whole systems and carry pictures over
+// to a new name, and the game's start argument.
+#include <algorithm>
 #include <set>
 #include <system_error>
 
@@ -149,6 +150,53 @@ bool deleteSystemFiles(SystemStore& store, const std::string& name) {
         }
     }
     return failed.empty() || store.fail(failed);
+}
+
+bool replaceSystemPictures(const GameFolder& folder, const std::string& from, const std::string& to,
+                           std::string* error) {
+    if (from.empty() || to.empty() || from == to) return true;
+    std::string problem;
+    const auto note = [&problem](const std::string& what, const fs::path& file,
+                                 const std::string& why) {
+        if (problem.empty()) {
+            problem.append("The picture \"")
+                .append(file.filename().string())
+                .append("\" could not be ")
+                .append(what)
+                .append(": ")
+                .append(why);
+            if (problem.back() != '.') problem.append(".");
+        }
+    };
+    const std::vector<fs::path> sources = systemPictureFiles(folder, from);
+    // The file of the new system that corresponds to one of the old: the same ending.
+    const auto underNewName = [&](const fs::path& file) {
+        return file.parent_path() / (to + file.filename().string().substr(from.size()));
+    };
+
+    if (text::equalsIgnoreCase(from, to)) {
+        for (const fs::path& file : sources) {
+            std::error_code ec;
+            fs::rename(file, underNewName(file), ec);
+            if (ec) note("renamed", file, ec.message());
+        }
+    } else {
+        for (const fs::path& stale : systemPictureFiles(folder, to)) {
+            // A file both names claim (a star picture that is also a strip) is the source's.
+            if (std::find(sources.begin(), sources.end(), stale) != sources.end()) continue;
+            std::error_code ec;
+            fs::remove(stale, ec);
+            if (ec) note("deleted", stale, ec.message());
+        }
+        for (const fs::path& file : sources) {
+            const fs::path target = underNewName(file);
+            if (target == file) continue;
+            std::string why;
+            if (!copyFileKeepingTime(file, target, &why)) note("copied", file, why);
+        }
+    }
+    if (error) *error = problem;
+    return problem.empty();
 }
 
 std::string EncodeStarArgument(const std::string& key) {

@@ -337,9 +337,15 @@ void SystemLifecycle::saveAs() {
     if (!store.IsEditing()) return;
     const std::optional<std::string> name = askSaveAsName();
     if (!name) return;
+    const std::string oldName = store.record().Name;
     if (!w_.report(store.RenameSystem(*name))) return;
-    // The pictures belong to the new name too; the old system keeps its own files.
-    if (w_.pictures().hasAnyPicture()) w_.pictures().setDirty();
+    // The saved pictures go with the new name (an overwritten system's own are replaced); the
+    // old system keeps its files. The strip in memory may hold unsaved changes and is written
+    // under the new name in any case.
+    std::string error;
+    if (!replaceSystemPictures(store.folder(), oldName, *name, &error))
+        prompts().inform(&w_, toQString(error));
+    w_.pictures().setDirty();
     save();
     int index = findEntry(*name);
     if (index < 0) {

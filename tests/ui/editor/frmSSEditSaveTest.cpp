@@ -27,10 +27,28 @@ namespace fs = std::filesystem;
 
 namespace {
 
+// The entries of the list, sorted (the list keeps the folder's order).
+QStringList entries(const QComboBox* box) {
+    QStringList texts;
+    for (int i = 0; i < box->count(); ++i) texts << box->itemText(i);
+    texts.sort();
+    return texts;
+}
+
 QStringList files(MainWindowHarness& h, const char* folder) {
     QStringList names = QDir(QString::fromStdString(h.game.path(folder).string()))
                             .entryList(QDir::Files | QDir::Hidden, QDir::Name);
     return names;
+}
+
+QImage filled(int width, int height, Qt::GlobalColor colour) {
+    QImage image(width, height, QImage::Format_RGB32);
+    image.fill(colour);
+    return image;
+}
+
+QImage pictureFile(MainWindowHarness& h, const std::string& relative) {
+    return QImage(QString::fromStdString(h.game.path(relative).string()));
 }
 
 // Makes a folder read-only while it lives; for root, whom permissions do not bind, also
@@ -78,6 +96,37 @@ class frmSSEditSaveTest : public QObject {
 
   private slots:
     void initTestCase() { QStandardPaths::setTestModeEnabled(true); }
+
+    void saveAsOverAnotherSystemReplacesItsPictures() {
+        MainWindowHarness h;
+        h.addSystem(TempGameFolder::systemRecord("Nova", 3));
+        h.addSystem(TempGameFolder::systemRecord("Vega", 2));
+        QVERIFY(filled(3 * 160, 120, Qt::darkGreen)
+                    .save(QString::fromStdString(h.game.path("PICTURES/Nova.bmp").string())));
+        QVERIFY(filled(16, 16, Qt::magenta)
+                    .save(QString::fromStdString(h.game.path("PICTURES/NovaSun.bmp").string())));
+        h.game.write("PICTURES/Nova3.avi", "Nova's animation");
+        h.game.write("PICTURES/vega.JPG", "Vega's strip");
+        h.game.write("PICTURES/VegaSun.gif", "Vega's star");
+        h.game.write("PICTURES/Vega1.avi", "Vega's animation");
+        QVERIFY(h.start());
+        h.choose("Nova");
+        const QStringList novaPictures = {"Nova.bmp", "Nova3.avi", "NovaSun.bmp"};
+
+        h.prompts.answerInput(QStringLiteral("Vega"));
+        h.prompts.answerMessage(PromptAnswer::Yes);
+        h.action("mnuFSaveAs")->trigger();
+        QCOMPARE(h.prompts.messageTexts().size(), 1);  // the overwrite question only
+        QCOMPARE(files(h, "PICTURES"),
+                 novaPictures + QStringList({"Vega.bmp", "Vega3.avi", "VegaSun.bmp"}));
+        QCOMPARE(pictureFile(h, "PICTURES/Vega.bmp").pixelColor(170, 10), QColor(Qt::darkGreen));
+        QCOMPARE(pictureFile(h, "PICTURES/VegaSun.bmp").pixelColor(3, 3), QColor(Qt::magenta));
+        QCOMPARE(h.game.read("PICTURES/Vega3.avi"), std::string("Nova's animation"));
+        QCOMPARE(entries(h.window().cboSystems), QStringList({"Nova", "Vega"}));
+        QCOMPARE(h.selected(), QStringLiteral("Vega"));
+        QCOMPARE(h.record().PlanetCount, 3);
+        QCOMPARE(h.prompts.unexpectedCount(), 0);
+    }
 
     void saveAsRefusesCharactersTheGameCannotStore() {
         MainWindowHarness h;
