@@ -261,9 +261,15 @@ void renameCommand(CliContext& context, const QStringList& args) {
     SystemStore store = openStore(context);
     const std::string oldName = existingSystem(store, args[0]);
     const std::string newName = bytesOf(args[1]);
-    // The same refusals as for a new system: an unusable name, or one that is taken.
-    if (const auto reason = canCreateSystem(store, newName)) throw CliError(*reason);
-    requireNoWorkingCopy(store, newName);
+    // A new spelling of the same name renames the system itself (on Windows the two names are
+    // one file); any other name must be free: the same refusals as for a new system.
+    const bool respelling = newName != oldName && text::equalsIgnoreCase(newName, oldName);
+    if (respelling) {
+        if (const auto reason = CheckSystemName(newName)) throw CliError(*reason);
+    } else {
+        if (const auto reason = canCreateSystem(store, newName)) throw CliError(*reason);
+        requireNoWorkingCopy(store, newName);
+    }
     {
         EditSession session(store, oldName);
         if (!store.RenameSystem(newName))

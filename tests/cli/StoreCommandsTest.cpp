@@ -233,7 +233,9 @@ class StoreCommandsTest : public QObject {
         QVERIFY(!cli.exists("ORBDescriptor/Altair.edt"));
 
         const auto before = cli.snapshot();
-        QCOMPARE(cli.fails({"rename", "Vega", "vega"}),
+        QCOMPARE(cli.fails({"rename", "Vega", "kestrel"}),
+                 QString("A system named \"Kestrel\" already exists."));
+        QCOMPARE(cli.fails({"rename", "Vega", "Vega"}),
                  QString("A system named \"Vega\" already exists."));
         QCOMPARE(cli.fails({"rename", "Vega", "LPT1.x"}),
                  QString("\"LPT1\" is a device name reserved by Windows and cannot be a "
@@ -241,6 +243,18 @@ class StoreCommandsTest : public QObject {
         QCOMPARE(cli.fails({"rename", "Nowhere", "Elsewhere"}),
                  QString("There is no system named 'Nowhere'."));
         QCOMPARE(cli.snapshot(), before);
+
+        // A new spelling renames the system itself, pictures included, as the editor does.
+        cli.ok({"rename", "vega", "VEGA"});
+        QVERIFY(!cli.exists(kVega));
+        QCOMPARE(cli.read("ORBDescriptor/VEGA.orb"),
+                 vegaWith("\"Vega                \"", "\"VEGA                \""));
+        for (const char* gone : {"Vega.bmp", "VegaSun.bmp", "Vega2.avi"})
+            QVERIFY2(!cli.exists(QString("PICTURES/") + gone), gone);
+        QCOMPARE(cli.read("PICTURES/VEGA.bmp"), QByteArray("strip"));
+        QCOMPARE(cli.read("PICTURES/VEGASun.bmp"), QByteArray("star"));
+        QCOMPARE(cli.read("PICTURES/VEGA2.avi"), QByteArray("animation"));
+        QVERIFY(cli.exists("PICTURES/Vegas.bmp"));
     }
 
     void deleteRemovesOnlyThisSystemsFiles() {

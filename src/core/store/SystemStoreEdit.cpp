@@ -117,19 +117,45 @@ bool SystemStore::RenameSystem(const std::string& newName) {
     if (const std::optional<std::string> reason = CheckSystemName(newName)) return fail(*reason);
     const std::string extension = currentExtension();
     const fs::path from = descriptorPath(record_.Name, extension);
-    fs::path to = descriptorPath(newName, extension);
-    // Only the letter case changes: the lookup finds the old file itself.
-    if (to == from) to = from.parent_path() / (newName + extension);
+    // The new name is spelled exactly as typed, also when only its letter case changes.
+    const fs::path to = from.parent_path() / (newName + extension);
     std::error_code ec;
     if (!fs::is_regular_file(from, ec)) {
         return fail("The descriptor \"" + from.filename().string() + "\" does not exist.");
     }
+    const auto renameFailed = [this](const fs::path& a, const fs::path& b, const std::string& why) {
+        return fail(std::string("\"") + a.filename().string() + "\" could not be renamed to \"" +
+                    b.filename().string() + "\": " + why + ".");
+    };
+    // On Windows a file of the new name in another spelling is the very file the new name
+    // names: the saved descriptor takes the new spelling, so that the folder holds one system
+    // of that name ("Sol" saved as "SOL" leaves SOL.orb and SOL.edt, not Sol.orb beside them).
+    fs::path respelledFrom;
+    const fs::path respelledTo = from.parent_path() / (newName + kSaved);
+    if (extension == kWorking) {
+        const fs::path saved = descriptorPath(newName, kSaved);
+        if (saved != respelledTo && fs::is_regular_file(saved, ec)) {
+            fs::rename(saved, respelledTo, ec);
+            profiles_.forget(saved);
+            profiles_.forget(respelledTo);
+            if (ec) return renameFailed(saved, respelledTo, ec.message());
+            respelledFrom = saved;
+        }
+    }
+    // Likewise an old working copy of the new name in another spelling: the rename replaces it.
+    const fs::path replaced = descriptorPath(newName, extension);
     fs::rename(from, to, ec);
     profiles_.forget(from);
     profiles_.forget(to);
     if (ec) {
-        return fail(std::string("\"") + from.filename().string() + "\" could not be renamed to \"" +
-                    to.filename().string() + "\": " + ec.message() + ".");
+        const std::string why = ec.message();
+        if (!respelledFrom.empty()) fs::rename(respelledTo, respelledFrom, ec);
+        resolvedPaths_.clear();
+        return renameFailed(from, to, why);
+    }
+    if (replaced != from && replaced != to && fs::is_regular_file(replaced, ec)) {
+        fs::remove(replaced, ec);
+        profiles_.forget(replaced);
     }
     resolvedPaths_.clear();
     if (record_.trimmedDisplayName() == record_.Name) record_.setDisplayName(newName);

@@ -83,6 +83,14 @@ int SystemLifecycle::findEntry(const std::string& name) const {
     return -1;
 }
 
+int SystemLifecycle::findEntryIgnoringCase(const std::string& name) const {
+    const int exact = findEntry(name);
+    if (exact >= 0) return exact;
+    for (int i = 0; i < w_.cboSystems->count(); ++i)
+        if (text::equalsIgnoreCase(entryName(i), name)) return i;
+    return -1;
+}
+
 void SystemLifecycle::selectEntry(int index) {
     reentryGuard_ = true;
     w_.cboSystems->setCurrentIndex(index);
@@ -321,10 +329,7 @@ std::optional<std::string> SystemLifecycle::askSaveAsName() {
             continue;
         }
         // Game folders travel to Windows, where names differing only in case are one file.
-        bool exists = false;
-        for (int i = 0; i < w_.cboSystems->count(); ++i)
-            exists = exists || text::equalsIgnoreCase(entryName(i), name);
-        if (!exists) return name;
+        if (findEntryIgnoringCase(name) < 0) return name;
         const MessagePrompt overwrite = question(
             QStringLiteral("This system aready exists.  Are you sure you want to overwrite?"),
             frmSSEdit::kCaption, PromptButtons::YesNo, PromptIcon::Exclamation);
@@ -347,10 +352,14 @@ void SystemLifecycle::saveAs() {
         prompts().inform(&w_, toQString(error));
     w_.pictures().setDirty();
     save();
-    int index = findEntry(*name);
+    // A name equal to an entry but for the letter case is that entry, now spelled anew.
+    int index = findEntryIgnoringCase(*name);
     if (index < 0) {
         addEntry(*name);
         index = w_.cboSystems->count() - 1;
+    } else {
+        w_.cboSystems->setItemText(index, toQString(*name));
+        w_.cboSystems->setItemData(index, QByteArray::fromStdString(*name));
     }
     // A failed fresh working copy has left the system already.
     if (!store.IsEditing()) return;

@@ -27,6 +27,8 @@ class SystemLifecycle {
     std::string entryName(int index) const;
     // The entry with exactly this name, -1 when none.
     int findEntry(const std::string& name) const;
+    // The entry with this name, else one that differs only in letter case; -1 when none.
+    int findEntryIgnoringCase(const std::string& name) const;
 
     // The user chose an entry of cboSystems (possibly the open one again).
     void systemChosen(int index);

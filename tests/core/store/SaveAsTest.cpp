@@ -1,4 +1,5 @@
-// Save As in the store: the saved pictures carried over to the new name.
+// Save As in the store: the working copy renamed under a new name (also one that only changes the
+// letter case), and the saved pictures carried over to the new name.
 #include <gtest/gtest.h>
 
 #include "store/SystemOperations.h"
@@ -63,6 +64,29 @@ TEST_F(SaveAsTest, PicturesThatCannotBeReplacedAreReported) {
     EXPECT_FALSE(replaceSystemPictures(game.folder(), "Nova", "Vega", &error));
     EXPECT_NE(error.find("\"Vega.bmp\" could not be deleted"), std::string::npos) << error;
     EXPECT_EQ(picture("Vega.bmp"), "target");
+}
+
+TEST_F(SaveAsTest, ANewSpellingRenamesTheSavedDescriptorToo) {
+    openNewSystem("Sol", 2);
+    ASSERT_TRUE(store.RenameSystem("SOL")) << store.lastError();
+    EXPECT_EQ(entryNames(game.descriptors()), (Names{"SOL.edt", "SOL.orb"}));
+    EXPECT_EQ(store.record().Name, "SOL");
+    EXPECT_EQ(store.record().trimmedDisplayName(), "SOL");
+    ASSERT_TRUE(store.SaveSystemBlock()) << store.lastError();
+    ASSERT_TRUE(store.EndEdit(true)) << store.lastError();
+    EXPECT_EQ(entryNames(game.descriptors()), Names{"SOL.orb"});
+    EXPECT_NE(readDescriptor("SOL.orb").find(";\"SOL                 \",0,2"), std::string::npos);
+}
+
+TEST_F(SaveAsTest, OverwritingTakesTheNewSpellingForTheOtherSystem) {
+    writeDescriptor("Vega", crlf({"[General]", ";SolarSystem", ";\"Vega\",1,0"}));
+    writeBytes(game.descriptor("vega.edt"), "an old backup of Vega");
+    openNewSystem("Nova", 1);
+    ASSERT_TRUE(store.RenameSystem("VEGA")) << store.lastError();
+    EXPECT_EQ(entryNames(game.descriptors()), (Names{"Nova.orb", "VEGA.edt", "VEGA.orb"}));
+    ASSERT_TRUE(store.EndEdit(true)) << store.lastError();
+    EXPECT_EQ(entryNames(game.descriptors()), (Names{"Nova.orb", "VEGA.orb"}));
+    EXPECT_NE(readDescriptor("VEGA.orb").find(",0,1\r\n"), std::string::npos);
 }
 
 }  // namespace

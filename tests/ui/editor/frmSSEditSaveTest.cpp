@@ -128,6 +128,30 @@ class frmSSEditSaveTest : public QObject {
         QCOMPARE(h.prompts.unexpectedCount(), 0);
     }
 
+    void saveAsUnderANewLetterCaseRenamesTheSystem() {
+        MainWindowHarness h;
+        h.addSystem(TempGameFolder::systemRecord("Sol", 2));
+        h.addSystem(TempGameFolder::systemRecord("Vega", 1));
+        h.game.write("PICTURES/Sol2.avi", "animation");
+        QVERIFY(h.start());
+        h.choose("Sol");
+
+        h.prompts.answerInput(QStringLiteral("SOL"));
+        h.prompts.answerMessage(PromptAnswer::Yes);
+        h.action("mnuFSaveAs")->trigger();
+        QCOMPARE(h.prompts.asked()[1].text,
+                 QStringLiteral("This system aready exists.  Are you sure you want to overwrite?"));
+        QCOMPARE(files(h, "ORBDescriptor"), QStringList({"SOL.edt", "SOL.orb", "Vega.orb"}));
+        QCOMPARE(files(h, "PICTURES"), QStringList({"SOL2.avi"}));
+        QCOMPARE(entries(h.window().cboSystems), QStringList({"SOL", "Vega"}));
+        QCOMPARE(h.selected(), QStringLiteral("SOL"));
+        QCOMPARE(h.record().Name, std::string("SOL"));
+        QVERIFY(h.descriptor("SOL", ".orb").find("\"SOL                 \",0,2") !=
+                std::string::npos);
+        QVERIFY(!h.store().IsModified());
+        QCOMPARE(h.prompts.unexpectedCount(), 0);
+    }
+
     void saveAsRefusesCharactersTheGameCannotStore() {
         MainWindowHarness h;
         h.addSystem(TempGameFolder::systemRecord("Nova", 1));
