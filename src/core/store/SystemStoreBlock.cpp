@@ -173,7 +173,8 @@ LoadResult SystemStore::ReadSystemBlock() {
         return result;
     }
 
-    // Every planet line that can be read is kept, in its order; the first problem is reported.
+    // The planet lines before the first unreadable one are kept. Reading on past it would give
+    // later planets the numbers of earlier ones, and with them other planets' sections and names.
     SystemRecord read = record_;
     read.DisplayName = header->displayName;
     read.StarType = header->starType;
@@ -192,8 +193,9 @@ LoadResult SystemStore::ReadSystemBlock() {
         if (RecordFields::parsePlanet(std::string_view(lines[at].text).substr(1), planet,
                                       &reason)) {
             read.planet(++kept) = planet;
-        } else if (problem.empty()) {
+        } else {
             problem = "planet " + std::to_string(n) + ": " + reason;
+            break;
         }
     }
     read.PlanetCount = static_cast<std::int16_t>(kept);
