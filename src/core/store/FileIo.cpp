@@ -12,12 +12,6 @@ namespace orr {
 
 namespace {
 
-std::string quoted(const fs::path& path) {
-    std::string text;
-    text.append("\"").append(path.string()).append("\"");
-    return text;
-}
-
 bool fail(std::string* error, std::string message) {
     if (error) *error = std::move(message);
     return false;
@@ -76,14 +70,14 @@ bool writeAtomically(const fs::path& requested, std::string_view bytes,
     const fs::path target = resolveTarget(requested);
     std::error_code ec;
     if (fs::is_directory(target, ec)) {
-        return fail(error, "Could not write " + quoted(requested) + ": it is a folder.");
+        return fail(error, "Could not write " + quotedPath(requested) + ": it is a folder.");
     }
 
     fs::path tempPath;
     int reason = 0;
     std::FILE* raw = createTemporary(target, tempPath, reason);
     if (!raw) {
-        return fail(error, "Could not write " + quoted(requested) +
+        return fail(error, "Could not write " + quotedPath(requested) +
                                ": no temporary file can be created in its folder (" +
                                systemReason(reason) + ").");
     }
@@ -92,7 +86,7 @@ bool writeAtomically(const fs::path& requested, std::string_view bytes,
         file.reset();
         std::error_code ignored;
         fs::remove(tempPath, ignored);
-        std::string message = "Could not write " + quoted(requested) + ": " + what;
+        std::string message = "Could not write " + quotedPath(requested) + ": " + what;
         if (code != 0) message += " (" + systemReason(code) + ")";
         return fail(error, message + ".");
     };
@@ -132,13 +126,13 @@ bool writeAtomically(const fs::path& requested, std::string_view bytes,
 std::optional<std::string> readWholeFile(const fs::path& path, std::string* error) {
     std::error_code ec;
     if (fs::is_directory(path, ec)) {
-        fail(error, "Could not read " + quoted(path) + ": it is a folder.");
+        fail(error, "Could not read " + quotedPath(path) + ": it is a folder.");
         return std::nullopt;
     }
     errno = 0;
     std::unique_ptr<std::FILE, FileCloser> file(std::fopen(path.c_str(), "rb"));
     if (!file) {
-        fail(error, "Could not read " + quoted(path) + " (" + systemReason(errno) + ").");
+        fail(error, "Could not read " + quotedPath(path) + " (" + systemReason(errno) + ").");
         return std::nullopt;
     }
     std::string bytes;
@@ -151,7 +145,7 @@ std::optional<std::string> readWholeFile(const fs::path& path, std::string* erro
         if (got < sizeof buffer) break;
     }
     if (std::ferror(file.get())) {
-        fail(error, "Could not read " + quoted(path) + " (" + systemReason(errno) + ").");
+        fail(error, "Could not read " + quotedPath(path) + " (" + systemReason(errno) + ").");
         return std::nullopt;
     }
     return bytes;
@@ -164,11 +158,11 @@ bool writeFileAtomically(const fs::path& path, std::string_view bytes, std::stri
 bool copyFileKeepingTime(const fs::path& from, const fs::path& to, std::string* error) {
     std::string readError;
     const auto bytes = readWholeFile(from, &readError);
-    if (!bytes) return fail(error, "Could not copy " + quoted(from) + ": " + readError);
+    if (!bytes) return fail(error, "Could not copy " + quotedPath(from) + ": " + readError);
     std::error_code ec;
     const auto time = fs::last_write_time(from, ec);
     if (ec) {
-        return fail(error, "Could not copy " + quoted(from) +
+        return fail(error, "Could not copy " + quotedPath(from) +
                                ": its modification time cannot be read (" + ec.message() + ").");
     }
     const auto sourcePerms = fs::status(from, ec).permissions();
@@ -181,6 +175,12 @@ std::optional<fs::file_time_type> modificationTime(const fs::path& path) {
     const auto time = fs::last_write_time(path, ec);
     if (ec) return std::nullopt;
     return time;
+}
+
+std::string quotedPath(const fs::path& path) {
+    std::string text;
+    text.append("\"").append(path.string()).append("\"");
+    return text;
 }
 
 }  // namespace orr

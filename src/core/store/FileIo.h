@@ -21,6 +21,9 @@ bool writeFileAtomically(const fs::path& path, std::string_view bytes,
 // Copies `from` over `to` atomically; the copy keeps the source's modification time.
 bool copyFileKeepingTime(const fs::path& from, const fs::path& to, std::string* error = nullptr);
 
+// The path in double quotes, as messages name files.
+std::string quotedPath(const fs::path& path);
+
 // Modification time with the file system's full precision; nullopt when the file is missing.
 std::optional<fs::file_time_type> modificationTime(const fs::path& path);
 

@@ -11,12 +11,6 @@ namespace orr {
 
 namespace {
 
-std::string quoted(const fs::path& path) {
-    std::string text;
-    text.append("\"").append(path.string()).append("\"");
-    return text;
-}
-
 // The same file under different spellings ("a/../b.orb", a relative path) shares one entry.
 fs::path cacheKey(const fs::path& file) {
     std::error_code ec;
@@ -89,7 +83,7 @@ bool ProfileStore::rewrite(const fs::path& file,
     bool missing = false;
     Entry* entry = load(file, &missing);
     if (!entry) {
-        if (missing) return fail("The file " + quoted(file) + " does not exist.");
+        if (missing) return fail("The file " + quotedPath(file) + " does not exist.");
         return false;
     }
     bool changed = false;
@@ -127,7 +121,7 @@ ProfileStore::Entry* ProfileStore::load(const fs::path& file, bool* missing) {
     if (!disk.exists) {
         if (cached != entries_.end()) entries_.erase(cached);
         if (disk.error) {
-            fail("Could not read " + quoted(file) + " (" + disk.error.message() + ").");
+            fail("Could not read " + quotedPath(file) + " (" + disk.error.message() + ").");
         } else if (missing) {
             *missing = true;
         }
