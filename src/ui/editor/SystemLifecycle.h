@@ -1,13 +1,14 @@
 #pragma once
 // The life of the open system in the main window: the list of systems, opening one (with the
-// revert and save questions), new, save, save as, delete, clear planets and exit. A system is
-// always edited in its working copy; these commands decide when that copy is committed over the
-// saved descriptor and when it is thrown away.
+// revert and save questions), new and exit. A system is always edited in its working copy; these
+// commands decide when that copy is committed over the saved descriptor and when it is thrown
+// away. Save, save as, delete and clear planets are carried out by SystemSaveCommands.
 
 #include <QString>
 #include <optional>
 #include <string>
 
+#include "editor/SystemSaveCommands.h"
 #include "platform/Prompts.h"
 #include "store/SystemOperations.h"
 
@@ -42,38 +43,37 @@ class SystemLifecycle {
 
     // Nothing open: empty record, empty canvas, no star, commands off.
     void applyNoSelection();
+    // Throws the open system's working copy away.
+    void discardWorkingCopy();
+
+    // List changes that do not count as the user's choice.
+    void addEntry(const std::string& name);
+    // The entry names this system again, in another spelling.
+    void respellEntry(int index, const std::string& name);
+    void removeEntry(int index);
+    // Shows the entry as the open system (after its name changed under it).
+    void showAsOpen(int index);
 
   private:
     // Before another system is opened: asks `question` when the open system is modified and
     // commits or discards its working copy. False when the user cancelled or the save failed.
     bool leaveOpenSystem(const MessagePrompt& question);
-    // Steps of Save that come before the commit: block, planet pictures, star picture.
-    bool saveSteps();
-    // saveSteps and the commit; when the commit fails the working copy stays open for editing.
-    bool commitOpenSystem();
-    // BeginEdit after a save: keepOld edits on in the old working copy (the commit failed).
-    // When no working copy can be made the system is left, as when it cannot be opened.
-    bool reopenWorkingCopy(bool keepOld);
-    void discardWorkingCopy();
     void openEntry(int index);
     void loadPlanetPictures();
-    bool savePlanetPictures();
-    bool saveStarPicture();
     // Selects an entry without it counting as the user's choice.
     void selectEntry(int index);
-    void addEntry(const std::string& name);
     // The answer of the Add System dialog and whether it was typed as a custom name.
     struct NewSystemChoice {
         std::string name;
         NewSystemAnswer kind = NewSystemAnswer::ListedKey;
     };
     std::optional<NewSystemChoice> askNewSystemName();
-    std::optional<std::string> askSaveAsName();
     MessagePrompt saveQuestion(const std::string& newName) const;
 
     frmSSEdit& w_;
     int tag_ = -1;
     bool reentryGuard_ = false;
+    SystemSaveCommands saving_;
 };
 
 }  // namespace orr::ui
