@@ -1,6 +1,7 @@
-// orrerion-cli: the planet commands (add, insert, delete, swap, clear) give the same descriptor
-// as the editor's canvas and order commands, refuse what the editor refuses, and leave no
-// working copy behind.
+// orrerion-cli: the planet commands (add, insert, delete, swap, clear) reach the store's planet
+// operations, report its refusals as one error line, and leave no working copy behind. What the
+// operations do to the descriptor is the store tests' business; here one effect each shows the
+// command did the right one.
 
 #include <QStandardPaths>
 #include <QtTest>
@@ -35,90 +36,66 @@ class StoreCommandsPlanetTest : public QObject {
 
     void cleanup() { QCOMPARE(QDir(cli.path("ORBDescriptor")).entryList({"*.edt"}), {}); }
 
-    void addAndInsertPlanetGiveTheEditorsFile() {
-        cli.ok({"add-planet", "Vega"});
-        QCOMPARE(cli.read(kVega),
-                 crlf({"[General]", "PlanetPics=YNNN", "Messages=NYNN", "", ";SolarSystem",
-                       ";\"Vega                \",0,4", ";400,2,0,0,1,0", ";430,3,1,5,13,7",
-                       ";460,4,2,9,14,0", ";490,2,0,0,1,0", "[Names]", "S=Bright star", "1=First",
-                       "3=Third", "[1]", "Info=one", "[3]", "Info=three"}));
-        // The new planet takes the orbit of the one it precedes; the later ones move out.
-        cli.write(kVega, vegaDescriptor());
-        cli.ok({"insert-planet", "Vega", "1"});
-        QCOMPARE(cli.read(kVega),
-                 crlf({"[General]", "PlanetPics=NYNN", "Messages=NNYN", "", ";SolarSystem",
-                       ";\"Vega                \",0,4", ";400,2,0,0,1,0", ";430,2,0,0,1,0",
-                       ";460,3,1,5,13,7", ";490,4,2,9,14,0", "[Names]", "S=Bright star", "2=First",
-                       "4=Third", "[2]", "Info=one", "[4]", "Info=three"}));
+    void planetCommandCallsItsOperation_data() {
+        QTest::addColumn<QStringList>("command");
+        QTest::addColumn<QByteArray>("effect");  // a piece of the rewritten descriptor
+        QTest::newRow("add") << QStringList{"add-planet", "Vega"}
+                             << QByteArray(";460,4,2,9,14,0\r\n;490,2,0,0,1,0\r\n");
+        QTest::newRow("insert") << QStringList{"insert-planet", "Vega", "1"}
+                                << QByteArray("\",0,4\r\n;400,2,0,0,1,0\r\n;430,2,0,0,1,0\r\n");
+        QTest::newRow("delete") << QStringList{"delete-planet", "Vega", "1"}
+                                << QByteArray("\",0,2\r\n;400,3,1,5,13,7\r\n");
+        QTest::newRow("clear") << QStringList{"clear-planets", "Vega"}
+                               << QByteArray("\",0,0\r\n[Names]\r\nS=Bright star\r\n");
     }
 
-    void addPlanetMakesRoomAtTheOuterEdge() {
-        cli.write("ORBDescriptor/Rim.orb",
-                  crlf({"[General]", "PlanetPics=NNN", "Messages=NNN", "", ";SolarSystem",
-                        ";\"Rim                 \",0,3", ";1900,1,0,0,1,0", ";1950,1,0,0,1,0",
-                        ";2000,1,0,0,1,0"}));
-        cli.ok({"add-planet", "Rim"});
-        QVERIFY(cli.read("ORBDescriptor/Rim.orb")
-                    .contains(";1900,1,0,0,1,0\r\n;1950,1,0,0,1,0\r\n;1970,1,0,0,1,0\r\n"
-                              ";2000,2,0,0,1,0\r\n"));
-        // Orbits so crowded that planet 1 would have to move too, or ten planets: refused.
-        const QByteArray crowded = crlf({"[General]", "PlanetPics=NNN", "Messages=NNN", "",
-                                         ";SolarSystem", ";\"Rim                 \",0,3",
-                                         ";1975,1,0,0,1,0", ";1980,1,0,0,1,0", ";2000,1,0,0,1,0"});
-        cli.write("ORBDescriptor/Rim.orb", crowded);
-        QVERIFY(cli.fails({"add-planet", "Rim"}).contains("too crowded"));
-        QCOMPARE(cli.read("ORBDescriptor/Rim.orb"), crowded);
-        cli.write("ORBDescriptor/Full.orb", plainDescriptor("Full", 10));
-        const QString message = "This system has the maximum number of planets.";
-        QCOMPARE(cli.fails({"add-planet", "Full"}), message);
-        QCOMPARE(cli.fails({"insert-planet", "Full", "3"}), message);
-        QCOMPARE(cli.read("ORBDescriptor/Full.orb"), plainDescriptor("Full", 10));
+    void planetCommandCallsItsOperation() {
+        QFETCH(QStringList, command);
+        QFETCH(QByteArray, effect);
+        QCOMPARE(cli.ok(command), QByteArray());
+        QVERIFY2(cli.read(kVega).contains(effect), cli.read(kVega).constData());
     }
 
-    void deletePlanetMovesTheLaterPlanetsInward() {
-        cli.ok({"delete-planet", "Vega", "1"});
-        QCOMPARE(cli.read(kVega),
-                 crlf({"[General]", "PlanetPics=NN", "Messages=YN", "", ";SolarSystem",
-                       ";\"Vega                \",0,2", ";400,3,1,5,13,7", ";430,4,2,9,14,0",
-                       "[Names]", "S=Bright star", "2=Third", "[2]", "Info=three"}));
-        cli.ok({"delete-planet", "Vega", "2"});
-        cli.ok({"delete-planet", "Vega", "1"});
-        QCOMPARE(cli.read(kVega),
-                 crlf({"[General]", "PlanetPics=", "Messages=", "", ";SolarSystem",
-                       ";\"Vega                \",0,0", "[Names]", "S=Bright star"}));
-        QCOMPARE(cli.fails({"delete-planet", "Vega", "1"}),
-                 QString("There is no planet 1 in 'Vega': it has no planets."));
-    }
-
-    void swapAndClearPlanets() {
+    // The one full comparison: the command writes exactly what the store's SwapPlanets writes.
+    void swapPlanetsWritesTheStoresFile() {
         cli.ok({"swap-planets", "Vega", "1", "3"});
         QCOMPARE(cli.read(kVega),
                  crlf({"[General]", "PlanetPics=NNY", "Messages=NYN", "", ";SolarSystem",
                        ";\"Vega                \",0,3", ";400,4,2,9,14,0", ";430,3,1,5,13,7",
                        ";460,2,0,0,1,0", "[Names]", "S=Bright star", "3=First", "1=Third", "[3]",
                        "Info=one", "[1]", "Info=three"}));
-        // Swapping back restores the file exactly.
-        cli.ok({"swap-planets", "Vega", "3", "1"});
-        QCOMPARE(cli.read(kVega), vegaDescriptor());
-        cli.ok({"clear-planets", "Vega"});
-        QCOMPARE(cli.read(kVega),
-                 crlf({"[General]", "PlanetPics=YNN", "Messages=NYN", "", ";SolarSystem",
-                       ";\"Vega                \",0,0", "[Names]", "S=Bright star"}));
     }
 
-    void planetNumbersOutOfRangeAreRefused() {
+    void refusalsAreOneLineAndChangeNothing_data() {
+        QTest::addColumn<QStringList>("command");
+        QTest::addColumn<QString>("reason");
+        QTest::newRow("full") << QStringList{"insert-planet", "Full", "3"}
+                              << "This system has the maximum number of planets.";
+        QTest::newRow("crowded") << QStringList{"add-planet", "Rim"}
+                                 << "The orbits of 'Rim' are too crowded for another planet: "
+                                    "move the outer planets inward first.";
+        QTest::newRow("beyond") << QStringList{"delete-planet", "Vega", "-1"}
+                                << "There is no planet -1 in 'Vega': it has 3 planets.";
+        QTest::newRow("not a number") << QStringList{"swap-planets", "Vega", "1", "99999999999"}
+                                      << "'99999999999' is not a planet number.";
+        QTest::newRow("no system")
+            << QStringList{"add-planet", "Nowhere"} << "There is no system named 'Nowhere'.";
+    }
+
+    void refusalsAreOneLineAndChangeNothing() {
+        QFETCH(QStringList, command);
+        QFETCH(QString, reason);
+        cli.write("ORBDescriptor/Full.orb", plainDescriptor("Full", 10));
+        cli.write("ORBDescriptor/Rim.orb",
+                  crlf({"[General]", "PlanetPics=NNN", "Messages=NNN", "", ";SolarSystem",
+                        ";\"Rim                 \",0,3", ";1975,1,0,0,1,0", ";1980,1,0,0,1,0",
+                        ";2000,1,0,0,1,0"}));
         const auto before = cli.snapshot();
-        QCOMPARE(cli.fails({"insert-planet", "Vega", "4"}),
-                 QString("There is no planet 4 in 'Vega': it has 3 planets."));
-        QCOMPARE(cli.fails({"delete-planet", "Vega", "-1"}),
-                 QString("There is no planet -1 in 'Vega': it has 3 planets."));
-        QCOMPARE(cli.fails({"swap-planets", "Vega", "1", "99999999999"}),
-                 QString("'99999999999' is not a planet number."));
-        QCOMPARE(cli.fails({"add-planet", "Nowhere"}),
-                 QString("There is no system named 'Nowhere'."));
+        QCOMPARE(cli.fails(command), reason);
         QCOMPARE(cli.snapshot(), before);
     }
 
+    // The editor's working copy means the system is open there: every change is refused.
     void aWorkingCopyBlocksEveryChange() {
         cli.write("ORBDescriptor/Vega.edt", "editor's working copy\r\n");
         const auto before = cli.snapshot();

@@ -11,24 +11,6 @@
 
 namespace orr::clitest {
 
-namespace {
-
-QString cliPath() {
-    return QStringLiteral(ORRERION_BINARY_DIR "/bin/orrerion-cli");
-}
-
-// Throws when the copy fails, which ends the test run loudly.
-void copyFolder(const QString& from, const QString& to) {
-    namespace fs = std::filesystem;
-    const fs::path target = QFile::encodeName(to).toStdString();
-    fs::copy(QFile::encodeName(from).toStdString(), target, fs::copy_options::recursive);
-    // Copies keep the source's read-only bits; the tests change the files.
-    for (const auto& entry : fs::recursive_directory_iterator(target))
-        fs::permissions(entry.path(), fs::perms::owner_write, fs::perm_options::add);
-}
-
-}  // namespace
-
 QByteArray crlf(std::initializer_list<const char*> lines) {
     QByteArray bytes;
     for (const char* line : lines) bytes += QByteArray(line) + "\r\n";
@@ -66,10 +48,14 @@ QString CliFixture::freshFolder() {
 }
 
 QString CliFixture::demoCopy() {
-    removeFolder();
-    dir_ = std::make_unique<QTemporaryDir>();
-    game_ = dir_->path() + "/game";
-    copyFolder(demoFolder(), game_);
+    namespace fs = std::filesystem;
+    freshFolder();
+    const fs::path target = QFile::encodeName(game_).toStdString();
+    fs::copy(QFile::encodeName(demoFolder()).toStdString(), target,
+             fs::copy_options::recursive | fs::copy_options::overwrite_existing);
+    // Copies keep the source's read-only bits; the tests change the files.
+    for (const auto& entry : fs::recursive_directory_iterator(target))
+        fs::permissions(entry.path(), fs::perms::owner_write, fs::perm_options::add);
     return game_;
 }
 
@@ -80,21 +66,16 @@ QString CliFixture::path(const QString& relative) const {
 CliResult CliFixture::run(const QStringList& args, bool withGameDir, const QString& workDir,
                           const QByteArray& input) const {
     CliResult result;
-    if (!QFileInfo::exists(cliPath())) {
-        QTest::qFail("orrerion-cli is not built; build the orrerion-cli target first", __FILE__,
-                     __LINE__);
-        return result;
-    }
     QProcess process;
     process.setWorkingDirectory(workDir.isEmpty() ? dir_->path() : workDir);
     QStringList all;
     if (withGameDir) all << "--game-dir" << game_;
-    process.start(cliPath(), all + args);
+    process.start(QStringLiteral(ORRERION_BINARY_DIR "/bin/orrerion-cli"), all + args);
     process.write(input);
     process.closeWriteChannel();
     if (!process.waitForFinished(30000)) {
         process.kill();
-        QTest::qFail("orrerion-cli did not finish", __FILE__, __LINE__);
+        QTest::qFail("orrerion-cli did not start or finish (is it built?)", __FILE__, __LINE__);
         return result;
     }
     result.exitCode = process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -2;
@@ -131,8 +112,7 @@ QString CliFixture::fails(const QStringList& args) const {
 
 QByteArray CliFixture::read(const QString& relative) const {
     QFile file(path(relative));
-    if (!file.open(QIODevice::ReadOnly)) return QByteArray();
-    return file.readAll();
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 void CliFixture::write(const QString& relative, const QByteArray& bytes) const {
@@ -150,25 +130,11 @@ QMap<QString, QByteArray> CliFixture::snapshot() const {
     QMap<QString, QByteArray> files;
     QDirIterator it(game_, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
     while (it.hasNext()) {
-        const QString file = it.next();
-        QFile in(file);
-        files.insert(QDir(game_).relativeFilePath(file),
-                     in.open(QIODevice::ReadOnly) ? in.readAll() : QByteArray("<unreadable>"));
+        QFile file(it.next());
+        files.insert(QDir(game_).relativeFilePath(file.fileName()),
+                     file.open(QIODevice::ReadOnly) ? file.readAll() : "<unreadable>");
     }
     return files;
-}
-
-bool permissionsEnforced(const QString& scratchFolder) {
-    const QString probe = scratchFolder + "/permission-probe";
-    QDir().mkpath(probe);
-    QFile::setPermissions(probe, QFile::ReadOwner | QFile::ExeOwner);
-    QFile file(probe + "/x");
-    const bool writable = file.open(QIODevice::WriteOnly);
-    file.close();
-    QFile::remove(probe + "/x");
-    QFile::setPermissions(probe, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    QDir(probe).removeRecursively();
-    return !writable;
 }
 
 }  // namespace orr::clitest

@@ -63,8 +63,4 @@ class CliFixture {
     void removeFolder();
 };
 
-// Whether this process can write into a folder whose write permission was taken away (false when
-// running as root, where the permissions are not enforced).
-bool permissionsEnforced(const QString& scratchFolder);
-
 }  // namespace orr::clitest
