@@ -33,37 +33,23 @@ class MessageListCommandsTest : public QObject {
   private slots:
     void initTestCase() { QStandardPaths::setTestModeEnabled(true); }
 
-    void aPlanetWithoutKeysShowsInitAndHailEmpty() {
-        MessageEditorFixture f;
-        f.open(3);
-        QCOMPARE(f.find<QComboBox>("cboGroup")->currentText(), QStringLiteral("INIT"));
+    void eachDirectionListsTheGroupsThatLeadToIt() {
+        MessageEditorFixture f(section(1, {"Messages=1", "Message1=Hello*RTalk", "ResponsesHail=1",
+                                           "ResponseHail1=Trade?*MTrade"}));
+        f.open(1);
         QCOMPARE(f.find<QGroupBox>("fraMessages")->title(), QStringLiteral("Message Level: INIT"));
+        // Reached by a response's "*M": a message group; by a message's "*R": a response group.
+        QVERIFY(f.items("cboGroup").contains(QStringLiteral("Trade")));
+        QVERIFY(!f.items("cboGroup").contains(QStringLiteral("Talk")));
+        f.chooseDirection(2);
+        QCOMPARE(f.find<QGroupBox>("fraMessages")->title(), QStringLiteral("Response Level: Hail"));
+        QVERIFY(f.items("cboGroup").contains(QStringLiteral("Talk")));
+
+        // A planet without keys: INIT, empty, nothing to clear or edit.
+        f.open(3);
         QVERIFY(f.entries().isEmpty());
         QVERIFY(!f.enabled("cmdClearAll"));
         QVERIFY(!f.enabled("cmdEdit"));
-        f.chooseDirection(2);
-        QCOMPARE(f.find<QComboBox>("cboGroup")->currentText(), QStringLiteral("Hail"));
-        QCOMPARE(f.find<QGroupBox>("fraMessages")->title(), QStringLiteral("Response Level: Hail"));
-        QVERIFY(f.entries().isEmpty());
-        QCOMPARE(f.prompts.unexpectedCount(), 0);
-    }
-
-    void groupsAreListedForTheListsThatLeadToThem() {
-        MessageEditorFixture f(section(1, {"Messages=1", "Message1=Hello*RTalk", "ResponsesHail=1",
-                                           "ResponseHail1=Trade?*MTrade", "MessagesIgnoreHail=1",
-                                           "MessageIgnoreHail1=Rude."}));
-        f.open(1);
-        // Reached by a response's "*M": a message group; by a message's "*R": a response group.
-        const QStringList messageGroups = f.items("cboGroup");
-        QVERIFY(messageGroups.contains(QStringLiteral("Trade")));
-        QVERIFY(messageGroups.contains(QStringLiteral("IgnoreHail")));
-        QVERIFY(!messageGroups.contains(QStringLiteral("Talk")));
-        QVERIFY(f.items("cboAnswerGroup").contains(QStringLiteral("Talk")));
-        f.chooseDirection(2);
-        QVERIFY(f.items("cboGroup").contains(QStringLiteral("Talk")));
-        QVERIFY(!f.items("cboGroup").contains(QStringLiteral("Trade")));
-        f.chooseGroup(QStringLiteral("Talk"));
-        QCOMPARE(f.find<QGroupBox>("fraMessages")->title(), QStringLiteral("Response Level: Talk"));
     }
 
     void removingTheSecondOfThreeRenumbers() {
@@ -80,13 +66,9 @@ class MessageListCommandsTest : public QObject {
         f.prompts.answerMessage(PromptAnswer::Yes);
         f.click("cmdRemove");
         QCOMPARE(f.key(1, "ResponsesHail"), std::string("2"));
-        QCOMPARE(f.key(1, "ResponseHail1"), std::string("First"));
         QCOMPARE(f.key(1, "ResponseHail2"), std::string("Third"));
-        QCOMPARE(f.key(1, "ResponseHail3"), std::string("ERR"));
         QCOMPARE(f.entries(), (QStringList{QStringLiteral("First"), QStringLiteral("Third")}));
         QVERIFY(!f.enabled("cmdRemove"));
-        QVERIFY(!f.enabled("cmdSwap0"));
-        QVERIFY(!f.enabled("cmdSwap1"));
     }
 
     void deleteWhileEditingRemovesTheEditedLine() {
@@ -122,10 +104,8 @@ class MessageListCommandsTest : public QObject {
         f.click("cmdNew");
         f.type(QStringLiteral("Anew"));
         f.click("cmdSave");
-        QCOMPARE(f.key(1, "ResponsesHail"), std::string("1"));
         QCOMPARE(f.key(1, "ResponseHail1"), std::string("Anew"));
         QCOMPARE(f.entries(), QStringList{QStringLiteral("Anew")});
-        QCOMPARE(f.find<QListWidget>("lstMessages")->currentRow(), 0);
     }
 
     void movingLinesExchangesTheirKeys() {
@@ -144,8 +124,6 @@ class MessageListCommandsTest : public QObject {
         QCOMPARE(f.find<QListWidget>("lstMessages")->currentRow(), 1);
         f.click("cmdSwap1");
         f.click("cmdSwap1");  // already last: nothing happens
-        QCOMPARE(f.entries(), (QStringList{QStringLiteral("First"), QStringLiteral("Second"),
-                                           QStringLiteral("Third")}));
         QCOMPARE(f.key(1, "ResponseHail3"), std::string("Third"));
     }
 
@@ -158,14 +136,11 @@ class MessageListCommandsTest : public QObject {
         QCOMPARE(f.find<QComboBox>("cboAnswerGroup")->currentText(), QStringLiteral("Trade"));
         f.click("cmdGo");
         QVERIFY(f.find<QAbstractButton>("optDir0")->isChecked());
-        QCOMPARE(f.find<QComboBox>("cboGroup")->currentText(), QStringLiteral("Trade"));
         QCOMPARE(f.find<QGroupBox>("fraMessages")->title(), QStringLiteral("Message Level: Trade"));
-        QVERIFY(f.entries().isEmpty());
         // The group is written only with its first line.
         f.click("cmdNew");
         f.type(QStringLiteral("What do you offer?"));
         f.click("cmdSave");
-        QCOMPARE(f.key(1, "MessagesTrade"), std::string("1"));
         QCOMPARE(f.key(1, "MessageTrade1"), std::string("What do you offer?"));
     }
 
@@ -174,52 +149,37 @@ class MessageListCommandsTest : public QObject {
         f.open(1);
         QVERIFY(!f.enabled("cmdAddGroup"));
         f.typeGroup(QStringLiteral("Cave"));
-        QVERIFY(f.enabled("cmdAddGroup"));
         f.click("cmdAddGroup");
         QCOMPARE(f.find<QGroupBox>("fraMessages")->title(), QStringLiteral("Message Level: Cave"));
-        QVERIFY(f.items("cboGroup").contains(QStringLiteral("Cave")));
         QVERIFY(!f.enabled("cmdAddGroup"));
         QCOMPARE(f.key(1, "MessagesCave"), std::string("ERR"));  // nothing written yet
-
         // Typing a listed name chooses it.
         f.typeGroup(QStringLiteral("INIT"));
         QCOMPARE(f.find<QGroupBox>("fraMessages")->title(), QStringLiteral("Message Level: INIT"));
-        QVERIFY(!f.enabled("cmdAddGroup"));
-
         f.typeGroup(QStringLiteral("Bad*Name"));
         f.click("cmdAddGroup");
         QCOMPARE(f.prompts.messageTexts().size(), 1);
         QVERIFY(!f.items("cboGroup").contains(QStringLiteral("Bad*Name")));
     }
 
-    void aTypedGroupIsAddedBeforeLinesAreWritten() {
-        MessageEditorFixture f(section(1, {"ResponsesHail=1", "ResponseHail1=Trade?*MTrade",
-                                           "MessagesTrade=1", "MessageTrade1=We sell ore."}));
+    void aTypedGroupIsTakenUpBeforeLinesAreWritten() {
+        MessageEditorFixture f;
         f.open(1);
-        f.chooseGroup(QStringLiteral("Trade"));
+        auto* combo = f.find<QComboBox>("cboGroup");
+        // New takes the typed group.
         f.typeGroup(QStringLiteral("Docking"));
         f.click("cmdNew");
-        QCOMPARE(f.find<QGroupBox>("fraMessages")->title(),
-                 QStringLiteral("Message Level: Docking"));
         f.type(QStringLiteral("Bay three is free."));
         f.click("cmdSave");
-        QCOMPARE(f.key(1, "MessagesDocking"), std::string("1"));
         QCOMPARE(f.key(1, "MessageDocking1"), std::string("Bay three is free."));
-        QCOMPARE(f.key(1, "MessagesTrade"), std::string("1"));
-        QCOMPARE(f.key(1, "MessageTrade1"), std::string("We sell ore."));
-        QVERIFY(f.items("cboGroup").contains(QStringLiteral("Docking")));
 
         // Edit shows the typed group (empty, so there is nothing to edit yet).
-        f.chooseGroup(QStringLiteral("Trade"));
-        f.select(0);
         f.typeGroup(QStringLiteral("Cargo"));
         f.click("cmdEdit");
         QVERIFY(!f.window().session().isEditing());
         QCOMPARE(f.window().session().group(), std::string("Cargo"));
-        QVERIFY(f.entries().isEmpty());
 
-        // Leaving the box adds the group as well; an empty box shows the current group again.
-        auto* combo = f.find<QComboBox>("cboGroup");
+        // Leaving the box takes it up too; an empty box shows the current group again.
         const auto leave = [&] {
             QFocusEvent out(QEvent::FocusOut, Qt::TabFocusReason);
             QCoreApplication::sendEvent(combo, &out);
@@ -227,22 +187,18 @@ class MessageListCommandsTest : public QObject {
         f.typeGroup(QStringLiteral("Hangar"));
         leave();
         QCOMPARE(f.window().session().group(), std::string("Hangar"));
-        QCOMPARE(f.find<QGroupBox>("fraMessages")->title(),
-                 QStringLiteral("Message Level: Hangar"));
         combo->setEditText(QString());
         leave();
         QCOMPARE(combo->currentText(), QStringLiteral("Hangar"));
 
-        // A name that cannot be a group is refused and the box shows the current group again;
-        // New then does not start.
+        // A name that cannot be a group is refused and New does not start.
         f.typeGroup(QStringLiteral("Bad*Name"));
         f.prompts.answerMessage(PromptAnswer::Ok);
         f.click("cmdNew");
         QVERIFY(!f.window().session().isEditing());
-        QCOMPARE(f.prompts.messageTexts().size(), 1);
         QCOMPARE(combo->currentText(), QStringLiteral("Hangar"));
 
-        // A line being edited stays in its group: after Save the box names that group again.
+        // A line being edited stays in its group.
         f.click("cmdNew");
         f.type(QStringLiteral("Doors open."));
         f.typeGroup(QStringLiteral("Elsewhere"));
@@ -270,19 +226,12 @@ class MessageListCommandsTest : public QObject {
                  (QStringList{QStringLiteral("mnuEdit"), QStringLiteral("mnuRemove"),
                               QStringLiteral("mnuGo")}));
         QCOMPARE(f.key(1, "ResponsesHail"), std::string("2"));
-        QCOMPARE(f.key(1, "ResponseHail2"), std::string("Second*MTrade"));
-    }
 
-    void doubleClickStartsEditing() {
-        MessageEditorFixture f(threeHailResponses());
-        f.open(1);
-        f.chooseDirection(2);
-        auto* list = f.find<QListWidget>("lstMessages");
+        // A double click edits the line.
         const QPoint second = list->visualItemRect(list->item(1)).center();
         QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, second);
         QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, second);
-        QVERIFY(f.window().findChild<QWidget*>("txtMessage")->isVisible());
-        QVERIFY(f.enabled("cmdDelete"));
+        QVERIFY(f.visible("txtMessage"));
     }
 };
 

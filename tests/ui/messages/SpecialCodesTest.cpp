@@ -46,6 +46,7 @@ class SpecialCodesTest : public QObject {
         f.attach("%GE");
         QCOMPARE(f.prompts.messageTexts(),
                  QStringList{QStringLiteral("You cannot have more than one direction marker.")});
+        QCOMPARE(f.prompts.asked().front().icon, PromptIcon::Exclamation);
         f.attach("%45");
         f.attach("%45");
         QCOMPARE(f.prompts.messageTexts().last(),
@@ -56,35 +57,27 @@ class SpecialCodesTest : public QObject {
         f.attach("*SF");  // actions are never in conflict
         QCOMPARE(f.prompts.messageTexts().size(), 2);
         QCOMPARE(f.attached().size(), 6);
-        QCOMPARE(f.prompts.asked().front().icon, PromptIcon::Exclamation);
     }
 
-    void responsesCarryOnlyRestrictions() {
-        MessageEditorFixture f;
-        f.open(1);
-        f.chooseDirection(2);
-        f.click("cmdNew");
-        auto* combo = f.find<QComboBox>("cboSpecial");
-        combo->setCurrentIndex(indexOfCode(combo, QStringLiteral("*SF")));
-        QVERIFY(!f.enabled("cmdSpAdd"));
-        combo->setCurrentIndex(indexOfCode(combo, QStringLiteral("^EN")));
-        QVERIFY(!f.enabled("cmdSpAdd"));
-        combo->setCurrentIndex(indexOfCode(combo, QStringLiteral("%F")));
-        QVERIFY(f.enabled("cmdSpAdd"));
-        f.click("cmdSpAdd");
-        QCOMPARE(f.attached().size(), 1);
-    }
-
-    void aHeadingPassesTheChoiceOn() {
+    void headingsPassTheChoiceOnAndResponsesTakeOnlyRestrictions() {
         MessageEditorFixture f;
         f.open(1);
         f.click("cmdNew");
         auto* combo = f.find<QComboBox>("cboSpecial");
-        QVERIFY(combo->isEnabled());
         QCOMPARE(combo->itemText(0), QStringLiteral("Restrictions"));
         QVERIFY(!f.enabled("cmdSpAdd"));  // nothing chosen yet
         combo->setCurrentIndex(0);
         QCOMPARE(combo->currentIndex(), 1);
+        QVERIFY(f.enabled("cmdSpAdd"));
+        f.click("cmdCancel");
+
+        f.chooseDirection(2);
+        f.click("cmdNew");
+        for (const char* code : {"*SF", "^EN"}) {
+            combo->setCurrentIndex(indexOfCode(combo, QString::fromLatin1(code)));
+            QVERIFY2(!f.enabled("cmdSpAdd"), code);
+        }
+        combo->setCurrentIndex(indexOfCode(combo, QStringLiteral("%F")));
         QVERIFY(f.enabled("cmdSpAdd"));
     }
 
@@ -93,23 +86,18 @@ class SpecialCodesTest : public QObject {
         f.open(1);
         f.select(0);
         f.click("cmdEdit");
-        QCOMPARE(f.attached().size(), 2);
-        QVERIFY(f.attached().at(0).contains(QStringLiteral("(S3)")));
         QVERIFY(!f.enabled("cmdSpEdit"));
 
         // "(S3)" opens the system chooser on Long Range Scanners.
         selectAttached(f, 0);
-        QVERIFY(f.enabled("cmdSpEdit"));
         f.onDialog([](QDialog& dialog) {
             auto& chooser = dynamic_cast<frmSystem&>(dialog);
             QVERIFY(chooser.optSys[3]->isChecked());
-            QCOMPARE(chooser.optSys[3]->text(), QStringLiteral("Long Range Scanners"));
             chooser.optSys[6]->click();
             chooser.cmdOK->click();
         });
         f.click("cmdSpEdit");
         QCOMPARE(f.dialogsRun(), 1);
-        QVERIFY(f.attached().at(0).contains(QStringLiteral("(S6)")));
 
         // "(12)" asks in an input box; Cancel keeps the old argument.
         selectAttached(f, 1);
@@ -121,14 +109,11 @@ class SpecialCodesTest : public QObject {
         QVERIFY(f.attached().at(1).contains(QStringLiteral("(12)")));
         f.prompts.answerInput(QStringLiteral("40"));
         f.click("cmdSpEdit");
-        QVERIFY(f.attached().at(1).contains(QStringLiteral("(40)")));
         // An argument that would end the code early is refused.
         f.prompts.answerInput(QStringLiteral("4*0"));
         f.prompts.answerMessage(PromptAnswer::Ok);
         f.click("cmdSpEdit");
-        QVERIFY(f.attached().at(1).contains(QStringLiteral("(40)")));
         QCOMPARE(f.prompts.messageTexts().size(), 1);
-
         f.click("cmdSave");
         QCOMPARE(f.key(1, "Message1"), std::string("Hit!*DS6*H40"));
 
@@ -136,7 +121,6 @@ class SpecialCodesTest : public QObject {
         f.click("cmdEdit");
         selectAttached(f, 0);
         f.click("cmdSpDelete");
-        QCOMPARE(f.attached().size(), 1);
         QCOMPARE(f.find<QListWidget>("lstSpecial")->currentRow(), 0);
         f.click("cmdSpDelete");
         QVERIFY(!f.enabled("cmdSpDelete"));
@@ -154,14 +138,11 @@ class SpecialCodesTest : public QObject {
         selectAttached(f, 0);
         f.onDialog([](QDialog& dialog) {
             auto& chooser = dynamic_cast<frmFlag&>(dialog);
-            QCOMPARE(chooser.cboFlag->currentIndex(), 33);
             QCOMPARE(chooser.cboFlag->currentText(), QStringLiteral("7 - Met the envoy"));
             chooser.close();  // the close box: the flag passed in comes back
         });
         f.click("cmdSpEdit");
         QVERIFY(f.attached().at(0).contains(QStringLiteral("[7]")));
-        f.click("cmdSave");
-        QCOMPARE(f.key(1, "Message1"), std::string("%F7Go on."));
     }
 
     void withoutAListTheEditorStillOpens() {
@@ -171,10 +152,8 @@ class SpecialCodesTest : public QObject {
         QCOMPARE(f.prompts.messageTexts().size(), 1);
         QVERIFY(f.prompts.messageTexts().front().contains(QStringLiteral("SPECIAL.LST")));
         QVERIFY(f.prompts.messageTexts().front().contains(QStringLiteral("cannot be attached")));
-        auto* combo = f.find<QComboBox>("cboSpecial");
-        QCOMPARE(combo->count(), 0);
         f.click("cmdNew");
-        QVERIFY(!combo->isEnabled());
+        QVERIFY(!f.find<QComboBox>("cboSpecial")->isEnabled());
         QVERIFY(!f.enabled("cmdSpAdd"));
         f.click("cmdCancel");
 
@@ -186,7 +165,6 @@ class SpecialCodesTest : public QObject {
         f.click("cmdEdit");
         f.prompts.answerMessage(PromptAnswer::No);
         f.click("cmdSave");
-        QVERIFY(f.prompts.messageTexts().last().contains(QStringLiteral("%FA")));
         QVERIFY(f.prompts.messageTexts().last().contains(QStringLiteral("*SFB")));
         QCOMPARE(f.key(1, "Message1"), std::string("%FAHello*SFB"));
     }
@@ -199,7 +177,6 @@ class SpecialCodesTest : public QObject {
             std::filesystem::path(ORRERION_SOURCE_DIR) / "data" / "SPECIAL.LST", copy);
         f.open(1);
         QCOMPARE(f.prompts.messageTexts().size(), 0);
-        QVERIFY(f.find<QComboBox>("cboSpecial")->count() > 0);
         QCOMPARE(f.window().specialCodes().source(), copy);
     }
 };

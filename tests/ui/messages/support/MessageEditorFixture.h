@@ -3,14 +3,6 @@
 // executable, the shipped SPECIAL.LST and the system "Nova" (three planets) opened for editing
 // as the main window opens it. Every question is answered from a script and the choosers are
 // answered by the test through `onDialog`.
-//
-//     MessageEditorFixture f("[1]\r\nMessages=1\r\nMessage1=Hello\r\n");
-//     f.open(1);
-//     f.select(0);
-//     f.click("cmdEdit");
-//     f.type("Hello there");
-//     f.click("cmdSave");
-//     QCOMPARE(f.key(1, "Message1"), "Hello there");
 
 #include <QStringList>
 #include <QTemporaryDir>
@@ -83,14 +75,12 @@ class MessageEditorFixture {
     // person; it should press a button or close the dialog.
     void onDialog(std::function<void(QDialog&)> answer);
     int dialogsRun() const { return dialogsRun_; }
-    int unansweredDialogs() const { return unanswered_; }
 
   private:
     QTemporaryDir dir_;
     std::unique_ptr<ui::frmMessages> window_;
     std::deque<std::function<void(QDialog&)>> answers_;
     int dialogsRun_ = 0;
-    int unanswered_ = 0;
 };
 
 // A planet section: "[n]" then the lines, each ended by CR LF.
