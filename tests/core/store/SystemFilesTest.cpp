@@ -126,16 +126,6 @@ TEST_F(SystemFilesTest, CreatingWhileEditingLeavesTheOpenSystem) {
     EXPECT_EQ(store.openDescriptorPath(), game.descriptor("Open.edt"));
 }
 
-TEST_F(SystemFilesTest, UnwritableFolderCreatesNothing) {
-    const test::ReadOnlyFolder readOnly(game.descriptors());
-    if (!readOnly.enforced()) GTEST_SKIP() << "the folder cannot be made read-only here";
-    const SystemRecord before = store.record();
-    EXPECT_FALSE(createSystem(store, "Nova"));
-    EXPECT_NE(store.lastError().find("Nova.orb"), std::string::npos) << store.lastError();
-    EXPECT_EQ(store.record(), before);
-    EXPECT_FALSE(fs::exists(game.descriptor("Nova.orb")));
-}
-
 TEST_F(SystemFilesTest, PictureFilesOfExactlyThisSystem) {
     touchPictures({"Sol.bmp", "sol.GIF", "SolSun.bmp", "SOLSUN.JPG", "Sol1.avi", "Sol10.AVI",
                    "SolX.bmp", "SolXSun.bmp", "Sol11.avi", "Sol0.avi", "Sol01.avi", "Sol1.bmp",
