@@ -25,8 +25,6 @@ class PromptsTest : public QObject {
                                                 << "Text (*.txt *.lst)";
         QTest::newRow("pattern without name") << "*.orb"
                                               << "*.orb (*.orb)";
-        QTest::newRow("empty") << ""
-                               << "";
     }
     void classicFiltersBecomeQtFilters() {
         QFETCH(QString, classic);

@@ -8,11 +8,12 @@ using namespace orr::ui;
 class QtTextTest : public QObject {
     Q_OBJECT
 
-private slots:
+  private slots:
     void windows1252CharactersRoundTrip() {
         const QString text = QStringLiteral("Ossère – “Quorn” €5 ½");
         const std::string bytes = toBytes(text);
-        QCOMPARE(bytes, std::string("Oss\xe8re \x96 \x93Quorn\x94 \x80" "5 \xbd"));
+        QCOMPARE(bytes, std::string("Oss\xe8re \x96 \x93Quorn\x94 \x80"
+                                    "5 \xbd"));
         QCOMPARE(toQString(bytes), text);
         QVERIFY(unstorableCharacters(text).isEmpty());
         QCOMPARE(toStorableBytes(text), std::optional<std::string>(bytes));
