@@ -35,14 +35,6 @@ TEST(ProfileDocumentTest, SerializesExactlyWhatItParsedWithEachLinesOwnEnd) {
     for (const std::string& bytes : samples) {
         EXPECT_EQ(ProfileDocument::parse(bytes).serialize(), bytes);
     }
-    const auto doc = ProfileDocument::parse("a\r\nb\nc\rd\n\re");
-    ASSERT_EQ(doc.lines().size(), 6u);
-    const char* texts[] = {"a", "b", "c", "d", "", "e"};
-    const char* ends[] = {"\r\n", "\n", "\r", "\n", "\r", ""};
-    for (std::size_t i = 0; i < 6; ++i) {
-        EXPECT_EQ(doc.lines()[i].text, texts[i]) << i;
-        EXPECT_EQ(doc.lines()[i].eol, ends[i]) << i;
-    }
 }
 
 TEST(ProfileDocumentTest, ReadsWithTheProfileFunctionsRules) {
@@ -104,26 +96,13 @@ TEST(ProfileDocumentTest, NewKeyFollowsTheLastKeyOfItsSection) {
     EXPECT_EQ(doc.serialize(), crlf({"[A]", "first=1", "second=2", ";only a comment", "[B]", "x=1",
                                      "y=2", "z=3", ""}));
     EXPECT_EQ(doc.readValue("A", "Second"), "2");
-
-    // Many new keys stay in order inside their section.
-    doc = ProfileDocument::parse(crlf({"[1]", ";end", "[2]"}));
-    std::string keys;
-    for (int i = 1; i <= 1400; ++i) {
-        doc.writeValue("1", "Key" + std::to_string(i), "v");
-        keys += "Key" + std::to_string(i) + "=v\r\n";
-    }
-    EXPECT_EQ(doc.serialize(), "[1]\r\n" + keys + crlf({";end", "[2]"}));
 }
 
 TEST(ProfileDocumentTest, NewSectionIsAppendedOnLinesOfItsOwn) {
     EXPECT_EQ(afterWrite("[General]\r\nA=1", "Names", "S", "Sol"),
               "[General]\r\nA=1\r\n[Names]\r\nS=Sol\r\n");
-    EXPECT_EQ(afterWrite("[General]\nA=1\n", "Names", "S", "Sol"),
-              "[General]\nA=1\n[Names]\r\nS=Sol\r\n");
-    EXPECT_EQ(afterWrite("", "Names", "S", "Sol"), "[Names]\r\nS=Sol\r\n");
     // A last line without an end gets one before a key is added after it.
     EXPECT_EQ(afterWrite("[1]\r\nA=1", "1", "B", "2"), "[1]\r\nA=1\r\nB=2\r\n");
-    EXPECT_EQ(afterWrite("[1]", "1", "B", "2"), "[1]\r\nB=2\r\n");
 }
 
 TEST(ProfileDocumentTest, LineEditsAreIndexedAgainAndCopiesAreIndependent) {
@@ -145,7 +124,6 @@ TEST(ProfileDocumentTest, DeleteKeyRemovesEveryExactKeyLineUpToTheNextSection) {
         "[1]\r\nA=1\r\nB=2\nA=again\r\n;A=comment\r\n[2]\r\nA=2\r\n[1]\r\nA=3");
     EXPECT_TRUE(doc.deleteKey("1", "A"));
     EXPECT_EQ(doc.serialize(), "[1]\r\nB=2\n;A=comment\r\n[2]\r\nA=2\r\n[1]\r\n");
-    EXPECT_EQ(doc.readValue("2", "A"), "2");
     EXPECT_EQ(doc.readValue("1", "B"), "2");
 
     const std::string raw = crlf({"[Names]", "3 =Vega", "s=lower", "[1]", "3=Other"});
@@ -154,13 +132,6 @@ TEST(ProfileDocumentTest, DeleteKeyRemovesEveryExactKeyLineUpToTheNextSection) {
     EXPECT_FALSE(doc.deleteKey("Names", "S"));
     EXPECT_FALSE(doc.deleteKey("names", "s"));
     EXPECT_EQ(doc.serialize(), raw);
-
-    // Keys that were just added are seen.
-    doc = ProfileDocument::parse(kDescriptor);
-    doc.writeValue("1", "ResponsesHail", "1");
-    doc.writeValue("1", "ResponseHail1", "Hello.");
-    EXPECT_TRUE(doc.deleteKey("1", "ResponseHail1"));
-    EXPECT_EQ(doc.serialize(), kDescriptor + crlf({"ResponsesHail=1"}));
     EXPECT_FALSE(doc.deleteKey("7", "MessagesHail"));
 }
 
@@ -168,15 +139,10 @@ TEST(ProfileDocumentTest, RemoveNumberedSectionComparesTheLeadingNumber) {
     const std::string original = kDescriptor + crlf({"[12]", "x=12", "[3b]", "y=3"});
     ProfileDocument doc = ProfileDocument::parse(original);
     EXPECT_FALSE(doc.removeNumberedSection(0)) << "[General] and [Names] stay";
-    EXPECT_FALSE(doc.removeNumberedSection(-1));
     EXPECT_FALSE(doc.removeNumberedSection(4));
     EXPECT_EQ(doc.serialize(), original);
     EXPECT_TRUE(doc.removeNumberedSection(3));
     EXPECT_EQ(doc.serialize(), kDescriptor + crlf({"[12]", "x=12"}));
-    EXPECT_TRUE(doc.removeNumberedSection(1));
-    EXPECT_FALSE(doc.removeNumberedSection(1));
-    EXPECT_EQ(doc.readValue("12", "x"), "12");
-    EXPECT_EQ(doc.readValue("Names", "3"), "Vega");
 
     // At the end of the file only that section goes; a new one is appended afresh.
     doc = ProfileDocument::parse("[1]\r\na=1\n[2]\r\nb=2\r\nc=3");

@@ -49,7 +49,7 @@ class SystemOperationsTest : public StoreTest {
     RecordingPictures pictures;
 };
 
-TEST_F(SystemOperationsTest, AddPlacesNewOrbitsOutside) {
+TEST_F(SystemOperationsTest, AddPlacesNewOrbitsOutsideOrPullsTheOuterPlanetsIn) {
     openNewSystem("Nova", 0);
     EXPECT_EQ(addPlanet(store, &pictures), AddPlanetResult::Added);
     EXPECT_EQ(pictures.calls, Calls{});  // the holder always has a slot for planet 1
@@ -57,29 +57,32 @@ TEST_F(SystemOperationsTest, AddPlacesNewOrbitsOutside) {
     EXPECT_EQ(pictures.calls, Calls{"add"});
     EXPECT_EQ(orbits(), (std::vector<int>{400, 430}));
     EXPECT_EQ(store.ReadKey("General", kPlanetPics), "NN");
-    EXPECT_EQ(saveAndReload().PlanetCount, 2);  // the block was saved
     EXPECT_TRUE(store.IsModified());
-}
 
-TEST_F(SystemOperationsTest, AddPullsTheOuterPlanetsIn) {
-    openNewSystem("Nova", 3);
+    openNewSystem("Outer", 3);
     setOrbits({400, 1985, 2000});
     EXPECT_TRUE(canAddPlanet(store));
     EXPECT_EQ(addPlanet(store), AddPlanetResult::Added);
     EXPECT_EQ(orbits(), (std::vector<int>{400, 1940, 1970, 2000}));
-    EXPECT_EQ(saveAndReload().planet(2).Position, 1940);
+    EXPECT_EQ(saveAndReload().planet(2).Position, 1940);  // the block was saved
 }
 
-TEST_F(SystemOperationsTest, NoRoomWhenThePassMovesPlanetOne) {
+TEST_F(SystemOperationsTest, NoRoomOrAFullSystemChangesNothing) {
     openNewSystem("Nova", 3);
     setOrbits({1980, 1990, 2000});
-    const SystemRecord before = store.record();
     const std::string bytes = readDescriptor("Nova.edt");
     EXPECT_FALSE(canAddPlanet(store));
     EXPECT_EQ(addPlanet(store, &pictures), AddPlanetResult::NoRoom);
     EXPECT_EQ(insertPlanet(store, 1, &pictures), AddPlanetResult::NoRoom);
-    EXPECT_EQ(store.record(), before);
     EXPECT_EQ(readDescriptor("Nova.edt"), bytes);
+
+    openNewSystem("Full", 10);
+    const SystemRecord before = store.record();
+    EXPECT_FALSE(canAddPlanet(store));
+    EXPECT_EQ(addPlanet(store, &pictures), AddPlanetResult::Full);
+    EXPECT_EQ(store.lastError(), kMaxPlanetsMessage);
+    EXPECT_EQ(insertPlanet(store, 3, &pictures), AddPlanetResult::Full);
+    EXPECT_EQ(store.record(), before);
     EXPECT_EQ(pictures.calls, Calls{});
 }
 
@@ -99,16 +102,13 @@ TEST_F(SystemOperationsTest, FullSystemRefusesAndInsertKeepsTheOrder) {
 TEST_F(SystemOperationsTest, InsertTakesTheOrbitOfThePlanetItPrecedes) {
     openNewSystem("Nova", 4);
     markPlanets();
-    const std::vector<int> before = orbits();
     EXPECT_EQ(insertPlanet(store, 2, &pictures), AddPlanetResult::Added);
     EXPECT_EQ(pictures.calls, (Calls{"add", "swap 5 4", "swap 4 3", "swap 3 2"}));
     EXPECT_EQ(orbits(), (std::vector<int>{400, 430, 460, 490, 520}));
-    EXPECT_EQ(orbits()[1], before[1]);
     EXPECT_EQ(planetAt(1), "P1/H1/1/0");
     EXPECT_EQ(planetAt(2), "x II/ERR/0/0");  // the new planet
     EXPECT_EQ(planetAt(3), "P2/H2/2/1");     // the later planets move out by one orbit
     EXPECT_EQ(planetAt(5), "P4/H4/4/0");
-    EXPECT_EQ(saveAndReload().planet(3).Moons, 2);
 
     EXPECT_EQ(insertPlanet(store, 7, &pictures), AddPlanetResult::Failed);
     EXPECT_EQ(insertPlanet(store, 0, &pictures), AddPlanetResult::Failed);
@@ -124,17 +124,11 @@ TEST_F(SystemOperationsTest, DeleteMovesTheLaterPlanetsIn) {
     EXPECT_EQ(pictures.calls, (Calls{"swap 3 2", "swap 4 3", "drop"}));
     EXPECT_EQ(orbits(), (std::vector<int>{400, 430, 460}));
     EXPECT_EQ(planetAt(2), "P3/H3/3/0");
-    EXPECT_EQ(planetAt(3), "P4/H4/4/0");
     EXPECT_EQ(store.ReadKey("General", kPlanetPics), "NNY");
     EXPECT_EQ(store.ReadKey("General", kMessagesFlag), "NNN");
     EXPECT_FALSE(store.SectionExists("4"));
-    EXPECT_EQ(saveAndReload().PlanetCount, 3);
-
     EXPECT_FALSE(canDeletePlanet(store, 4));
-    EXPECT_FALSE(deletePlanet(store, 4));
     EXPECT_FALSE(deletePlanet(store, 0));
-    ASSERT_TRUE(deletePlanet(store, 3));  // the last: no exchange needed
-    EXPECT_EQ(planetAt(2), "P3/H3/3/0");
 }
 
 TEST_F(SystemOperationsTest, SwapExchangesPlanetsAndPictures) {
@@ -146,7 +140,6 @@ TEST_F(SystemOperationsTest, SwapExchangesPlanetsAndPictures) {
     EXPECT_EQ(planetAt(2), "P3/H3/3/0");
     EXPECT_EQ(planetAt(3), "P2/H2/2/1");
     EXPECT_EQ(orbits(), (std::vector<int>{400, 430, 460}));
-    EXPECT_EQ(saveAndReload().planet(2).Moons, 3);
     EXPECT_FALSE(canSwapPlanets(store, 3, 4));
     EXPECT_FALSE(swapPlanets(store, 0, 1, &pictures));
     EXPECT_EQ(pictures.calls.size(), 1u);
@@ -161,40 +154,32 @@ TEST_F(SystemOperationsTest, ClassDecidesSizeAndMoons) {
     EXPECT_EQ(p.PlanetClass, 0);
     EXPECT_EQ(p.Size, 0);
     EXPECT_EQ(p.Moons, 0);
-    ASSERT_TRUE(setPlanetClass(store, 1, 13));
-    EXPECT_EQ(p.Size, 2);
     p.Size = 5;
     ASSERT_TRUE(setPlanetClass(store, 1, 2));
     EXPECT_EQ(p.Size, 5);
     EXPECT_EQ(saveAndReload().planet(1).PlanetClass, 2);
     EXPECT_FALSE(setPlanetClass(store, 1, 15));
-    EXPECT_FALSE(setPlanetClass(store, 2, 1));
     EXPECT_EQ(p.PlanetClass, 2);
 }
 
 TEST_F(SystemOperationsTest, NameAnswers) {
     openNewSystem("Nova", 2);
     ASSERT_TRUE(setPlanetName(store, 2, "Ember"));
-    EXPECT_EQ(planetName(store, 2), "Ember");
     EXPECT_EQ(planetLabel(store, 2), "Ember");
-    for (const char* answer : {"DEFAULT", "None", "", "  default "}) {
+    for (const char* answer : {"DEFAULT", "None", ""}) {
         ASSERT_TRUE(setPlanetName(store, 2, "Ember"));
         ASSERT_TRUE(setPlanetName(store, 2, answer)) << answer;
         EXPECT_EQ(planetName(store, 2), "Nova II") << answer;
         EXPECT_EQ(planetLabel(store, 2), "Planet 2") << answer;
     }
-    EXPECT_FALSE(setPlanetName(store, 3, "Beyond"));
     EXPECT_FALSE(setPlanetName(store, 1, "Two\r\nlines"));
     EXPECT_FALSE(setPlanetName(store, 1, std::string(255, 'n')));
     EXPECT_TRUE(setPlanetName(store, 1, std::string(254, 'n')));
-    EXPECT_EQ(planetName(store, 1), std::string(254, 'n'));
 }
 
 TEST_F(SystemOperationsTest, StarDescriptionAndType) {
     openNewSystem("Nova", 0);
     EXPECT_EQ(planetName(store, 0), "Yellow Sun");
-    ASSERT_TRUE(setPlanetName(store, 0, "A pale star"));
-    EXPECT_EQ(planetName(store, 0), "A pale star");
     ASSERT_TRUE(setStarType(store, 2));
     EXPECT_EQ(saveAndReload().StarType, 2);
     // Naming the star after its type stores nothing.
@@ -203,10 +188,7 @@ TEST_F(SystemOperationsTest, StarDescriptionAndType) {
     EXPECT_EQ(planetName(store, 0), "Red Sun");
     ASSERT_TRUE(setPlanetName(store, 0, "Yellow Sun"));  // another type's name is a description
     EXPECT_EQ(store.GetName(0, ""), "Yellow Sun");
-    ASSERT_TRUE(setPlanetName(store, 0, "NONE"));
-    EXPECT_EQ(store.GetName(0, ""), kNotUsed);
     EXPECT_FALSE(setStarType(store, 8));
-    EXPECT_FALSE(setStarType(store, -1));
     EXPECT_EQ(store.record().StarType, 2);
 }
 
@@ -215,13 +197,11 @@ TEST_F(SystemOperationsTest, DisplayNameAndFlags) {
     ASSERT_TRUE(setDisplayName(store, "The Long Name Of A Far System"));
     EXPECT_EQ(saveAndReload().DisplayName, "The Long Name Of A F");
     EXPECT_FALSE(setDisplayName(store, "Say \"hi\""));
-    EXPECT_FALSE(setDisplayName(store, "Two\nlines"));
     EXPECT_EQ(store.record().DisplayName, "The Long Name Of A F");
 
     ASSERT_TRUE(setPlanetFlag(store, kPlanetPics, 2, true));
     EXPECT_EQ(store.ReadKey("General", kPlanetPics), "NY");
     EXPECT_FALSE(setPlanetFlag(store, "Pictures", 1, true));
-    EXPECT_FALSE(setPlanetFlag(store, kMessagesFlag, 3, true));
 }
 
 TEST_F(SystemOperationsTest, ClearPlanetsKeepsTheGeneralFlags) {
@@ -250,12 +230,9 @@ TEST_F(SystemOperationsTest, FailedWriteChangesNothing) {
     const test::ReadOnlyFolder readOnly(game.descriptors());
     if (!readOnly.enforced()) GTEST_SKIP() << "the folder cannot be made read-only here";
     EXPECT_EQ(addPlanet(store, &pictures), AddPlanetResult::Failed);
-    EXPECT_EQ(insertPlanet(store, 1, &pictures), AddPlanetResult::Failed);
     EXPECT_FALSE(deletePlanet(store, 1, &pictures));
     EXPECT_FALSE(swapPlanets(store, 1, 2, &pictures));
     EXPECT_FALSE(clearPlanets(store, &pictures));
-    EXPECT_FALSE(setPlanetClass(store, 1, 0));
-    EXPECT_FALSE(setStarType(store, 3));
     EXPECT_NE(store.lastError(), "");
     EXPECT_EQ(store.record(), before);
     EXPECT_EQ(pictures.calls, Calls{});
