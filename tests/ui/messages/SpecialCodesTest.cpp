@@ -1,10 +1,11 @@
 // The "Actions" frame: which codes may be attached, the conflicts between them, editing their
-// arguments with the system chooser, the input box and the flag chooser, and an editor without
-// any special-code list.
+// arguments with the system chooser, the input box and the flag chooser, the two choosers on
+// their own, and an editor without any special-code list.
 
 #include <QtTest>
 
 #include <QComboBox>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
@@ -37,6 +38,66 @@ class SpecialCodesTest : public QObject {
 
   private slots:
     void initTestCase() { QStandardPaths::setTestModeEnabled(true); }
+
+    void systemChooserReturnsTheChoiceOrWhatItWasOpenedWith() {
+        frmSystem chooser;
+        QCOMPARE(chooser.windowTitle(), QStringLiteral("Choose a System"));
+        QCOMPARE(chooser.findChild<QRadioButton*>("optSys0")->text(),
+                 QStringLiteral("Random System"));
+        QCOMPARE(chooser.findChild<QRadioButton*>("optSys8")->text(),
+                 QStringLiteral("Library Computer"));
+        QVERIFY(chooser.cmdOK->isDefault());
+        chooser.prepare(3);
+        chooser.show();
+        QVERIFY(chooser.optSys[3]->isChecked());
+        chooser.optSys[7]->click();
+        chooser.close();  // the close box
+        QCOMPARE(chooser.chosenIndex(), 3);
+
+        chooser.prepare(3);
+        chooser.show();
+        chooser.optSys[7]->click();
+        chooser.cmdOK->click();
+        QCOMPARE(chooser.chosenIndex(), 7);
+        QVERIFY(!chooser.isVisible());
+    }
+
+    void flagChooserListsDescriptionsAndOkWritesOne() {
+        MessageEditorFixture f(section(2, {"Flag0=Met the envoy"}));
+        frmFlag chooser(f.store);
+        QCOMPARE(chooser.windowTitle(), QStringLiteral("Choose a Flag"));
+        chooser.setPlanet(2);
+        chooser.prepare(QString());
+        QCOMPARE(chooser.cboFlag->count(), 36);
+        QCOMPARE(chooser.cboFlag->currentIndex(), 0);  // empty: flag "A"
+        QCOMPARE(chooser.cboFlag->itemText(26), QStringLiteral("0 - Met the envoy"));
+        QCOMPARE(chooser.cboFlag->itemText(35), QStringLiteral("9 - Unused"));
+        chooser.prepare(QStringLiteral("7"));
+        QCOMPARE(chooser.cboFlag->currentIndex(), 33);
+
+        // A flag needs a description: "Unused" and nothing are refused and nothing is written.
+        chooser.prepare(QStringLiteral("B"));
+        chooser.show();
+        for (const QString& refused : {QStringLiteral("Unused"), QString()}) {
+            f.prompts.answerMessage(PromptAnswer::Ok);
+            chooser.txtDesc->setText(refused);
+            chooser.cmdOK->click();
+            QVERIFY(chooser.isVisible());
+            QCOMPARE(f.prompts.messageTexts().last(),
+                     QStringLiteral("Please enter a short description which describes how "
+                                    "this flag is used."));
+        }
+        QCOMPARE(f.key(2, "FlagB"), std::string("ERR"));
+
+        chooser.cboFlag->setCurrentIndex(2);
+        chooser.txtDesc->setText(QStringLiteral("Found the key"));
+        chooser.cmdOK->click();
+        QCOMPARE(chooser.chosenFlag(), QStringLiteral("C"));
+        QCOMPARE(f.key(2, "FlagC"), std::string("Found the key"));
+        QCOMPARE(chooser.cboFlag->itemText(2), QStringLiteral("C - Found the key"));
+        QVERIFY(!chooser.isVisible());
+        QCOMPARE(f.prompts.messageTexts().size(), 2);
+    }
 
     void conflictingRestrictionsAreRefused() {
         MessageEditorFixture f;
@@ -138,11 +199,15 @@ class SpecialCodesTest : public QObject {
         selectAttached(f, 0);
         f.onDialog([](QDialog& dialog) {
             auto& chooser = dynamic_cast<frmFlag&>(dialog);
+            QCOMPARE(chooser.planet(), 1);
             QCOMPARE(chooser.cboFlag->currentText(), QStringLiteral("7 - Met the envoy"));
+            chooser.cboFlag->setCurrentIndex(4);
+            chooser.txtDesc->setText(QStringLiteral("Typed but not confirmed"));
             chooser.close();  // the close box: the flag passed in comes back
         });
         f.click("cmdSpEdit");
         QVERIFY(f.attached().at(0).contains(QStringLiteral("[7]")));
+        QCOMPARE(f.key(1, "FlagE"), std::string("ERR"));
     }
 
     void withoutAListTheEditorStillOpens() {
