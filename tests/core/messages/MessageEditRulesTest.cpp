@@ -42,36 +42,29 @@ TEST(SaveWarnings, LinesThatReadBackAsWrittenAreSavedWithoutQuestions) {
     }
 }
 
-TEST(SaveWarnings, ATagOfTheOtherDirectionIsNamed) {
+TEST(SaveWarnings, TagsTheEditorWouldWriteDifferentlyAreNamed) {
     // A message's "*M" changes the messages that follow, a response's "*R" the responses
-    // offered; the editor would write the direction's own letter instead.
-    const auto message = warningsForUnchanged("Go on*MTrade", Direction::Message, "Hail");
-    ASSERT_EQ(message.size(), 1u);
-    EXPECT_TRUE(mentions(message, "\"*MTrade\""));
-    EXPECT_TRUE(mentions(message, "\"*RTrade\""));
-    const auto response = warningsForUnchanged("Yes*RDeal", Direction::Response, "Hail");
-    ASSERT_EQ(response.size(), 1u);
-    EXPECT_TRUE(mentions(response, "\"*MDeal\""));
-    // Also when the tag names the line's own group, which the editor writes as no tag at all.
-    EXPECT_TRUE(
-        mentions(warningsForUnchanged("Stay*MHail", Direction::Message, "Hail"), "\"*MHail\""));
-}
-
-TEST(SaveWarnings, ALiteralInitGroupIsNamed) {
-    const auto warnings = warningsForUnchanged("Restart*RINIT", Direction::Message, "Hail");
-    ASSERT_EQ(warnings.size(), 1u);
-    EXPECT_TRUE(mentions(warnings, "\"*RINIT\""));
-    EXPECT_TRUE(mentions(warnings, "\"*R\""));
-    EXPECT_FALSE(warningsForUnchanged("Restart*M", Direction::Response, "Hail").size());
-}
-
-TEST(SaveWarnings, SeveralTagsAreNamed) {
-    // "Text*R*MBack" offers INIT's responses and moves the messages on to Back; only one tag
-    // survives the editor.
-    const auto warnings = warningsForUnchanged("Text*R*RBack", Direction::Message, "Hail");
-    ASSERT_EQ(warnings.size(), 1u);
-    EXPECT_TRUE(mentions(warnings, "\"*R\", \"*RBack\""));
-    EXPECT_EQ(warningsForUnchanged("Text*R*MBack", Direction::Message, "Hail").size(), 2u);
+    // offered; the editor writes the direction's own letter, INIT as "*R", and one tag only.
+    const struct {
+        const char* stored;
+        Direction direction;
+        std::size_t count;
+        std::vector<const char*> named;
+    } cases[] = {
+        {"Go on*MTrade", Direction::Message, 1, {"\"*MTrade\"", "\"*RTrade\""}},
+        {"Yes*RDeal", Direction::Response, 1, {"\"*MDeal\""}},
+        {"Stay*MHail", Direction::Message, 1, {"\"*MHail\""}},  // even for the own group
+        {"Restart*RINIT", Direction::Message, 1, {"\"*RINIT\"", "\"*R\""}},
+        {"Restart*M", Direction::Response, 0, {}},
+        {"Text*R*RBack", Direction::Message, 1, {"\"*R\", \"*RBack\""}},
+        {"Text*R*MBack", Direction::Message, 2, {}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.stored);
+        const auto warnings = warningsForUnchanged(c.stored, c.direction, "Hail");
+        EXPECT_EQ(warnings.size(), c.count);
+        for (const char* text : c.named) EXPECT_TRUE(mentions(warnings, text)) << text;
+    }
 }
 
 }  // namespace
