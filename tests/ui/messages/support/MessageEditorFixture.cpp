@@ -147,11 +147,18 @@ void MessageEditorFixture::select(int row) {
     QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(item).center());
 }
 
+namespace {
+
+QStringList texts(const QListWidget* list) {
+    QStringList all;
+    for (int i = 0; i < list->count(); ++i) all << list->item(i)->text();
+    return all;
+}
+
+}  // namespace
+
 QStringList MessageEditorFixture::entries() {
-    QStringList texts;
-    auto* list = find<QListWidget>("lstMessages");
-    for (int i = 0; i < list->count(); ++i) texts << list->item(i)->text();
-    return texts;
+    return texts(find<QListWidget>("lstMessages"));
 }
 
 QStringList MessageEditorFixture::items(const char* comboName) {
@@ -176,10 +183,7 @@ void MessageEditorFixture::attach(const QString& code) {
 }
 
 QStringList MessageEditorFixture::attached() {
-    QStringList texts;
-    auto* list = find<QListWidget>("lstSpecial");
-    for (int i = 0; i < list->count(); ++i) texts << list->item(i)->text();
-    return texts;
+    return texts(find<QListWidget>("lstSpecial"));
 }
 
 void MessageEditorFixture::onDialog(std::function<void(QDialog&)> answer) {
