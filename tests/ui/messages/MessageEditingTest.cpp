@@ -148,10 +148,6 @@ class MessageEditingTest : public QObject {
                                        << "%ZZHello.*QQ5"
                                        << "*QQ5"
                                        << "Hello.";
-        QTest::newRow("group named INIT") << "Message1"
-                                          << "Start over*RINIT"
-                                          << "\"*RINIT\""
-                                          << "Start over";
         QTest::newRow("other direction's tag") << "ResponseHail1"
                                                << "Deal*RDeal"
                                                << "\"*RDeal\""
