@@ -12,6 +12,10 @@
 
 namespace orr::test {
 
+namespace {
+
+// The game's system list: Sol with 9 planets, Vega with none, a hidden "#" system with one
+// planet, and Sol again with 3 planets under another key.
 const char* const kSystemList =
     "\"Sol\",0,9\r\n"
     "300,3,0,0,3,0\r\n"
@@ -30,6 +34,8 @@ const char* const kSystemList =
     "400,2,0,0,1,0\r\n"
     "500,2,0,0,1,0\r\n"
     "600,2,0,0,1,0\r\n";
+
+}  // namespace
 
 std::string crlf(std::initializer_list<std::string_view> lines) {
     std::string out;
@@ -140,15 +146,11 @@ void StoreTest::openNewSystem(const std::string& name, int planets) {
     record.Name = name;
     record.setDisplayName(name);
     writeDescriptor(name, newDescriptorText(record));
-    ASSERT_TRUE(openSystem(name).blockFound);
+    store.record().Name = name;
+    ASSERT_TRUE(store.BeginEdit([] { return false; })) << store.lastError();
+    ASSERT_TRUE(store.LoadSystem(name).blockFound);
     for (int i = 0; i < planets; ++i) ASSERT_TRUE(store.AddPlanet()) << store.lastError();
     ASSERT_TRUE(store.SaveSystemBlock()) << store.lastError();
-}
-
-LoadResult StoreTest::openSystem(const std::string& name) {
-    store.record().Name = name;
-    EXPECT_TRUE(store.BeginEdit([] { return false; })) << store.lastError();
-    return store.LoadSystem(name);
 }
 
 SystemRecord StoreTest::saveAndReload() {

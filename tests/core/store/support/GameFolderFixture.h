@@ -17,10 +17,6 @@ namespace orr::test {
 
 namespace fs = std::filesystem;
 
-// The system list of the fixture: Sol with 9 planets, Vega with none, a hidden "#" system with
-// one planet, and Sol again with 3 planets under another key.
-extern const char* const kSystemList;
-
 // Lines joined with CR LF, each line ended.
 std::string crlf(std::initializer_list<std::string_view> lines);
 
@@ -76,8 +72,6 @@ class StoreTest : public ::testing::Test {
     // Creates the descriptor of a custom system with `planets` planets (added the way the editor
     // adds them) and opens it in its working copy.
     void openNewSystem(const std::string& name, int planets);
-    // BeginEdit (keeping no backup) and LoadSystem.
-    LoadResult openSystem(const std::string& name);
     // Saves the block, loads the system into a fresh store and returns that store's record.
     SystemRecord saveAndReload();
 
