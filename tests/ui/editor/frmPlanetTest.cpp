@@ -84,31 +84,23 @@ class frmPlanetTest : public QObject {
         QVERIFY(!dialog.findChild<QWidget*>("spnMoons")->isEnabled());
     }
 
-    void optionClicksAreNormalisedAndStoredAtOnce() {
-        Nova nova;
-        frmPlanet dialog(nova.store, nullptr);
-        dialog.loadPlanet(2);
-
-        click(&dialog, "gpInh1");  // plants: neither
-        QCOMPARE(nova.attributes(2), (PlanetAttributes{1, 0, 0, 1, 1}));
-        QVERIFY(checked(&dialog, "gpAdv0"));
-
-        click(&dialog, "gpAtt2");  // refused while there is no animal life
-        QVERIFY(checked(&dialog, "gpAtt0"));
-        QCOMPARE(nova.attributes(2).Attitude, 0);
-
-        click(&dialog, "gpEnr3");
-        QCOMPARE(nova.attributes(2), (PlanetAttributes{1, 0, 0, 3, 1}));
-    }
-
-    void cancelKeepsOnlyTheOptionClicks() {
+    void optionClicksAreStoredAtOnceAndCancelKeepsOnlyThem() {
         Nova nova(true, true);
         frmPlanet dialog(nova.store, nullptr);
         dialog.loadPlanet(2);
         QVERIFY(dialog.chkMessage->isEnabled());
         QVERIFY(dialog.chkPicture->isEnabled());
         QVERIFY(!dialog.chkMessage->isChecked());
-        click(&dialog, "gpInh1");
+
+        // Option clicks are normalised and stored at once.
+        click(&dialog, "gpInh1");  // plants: neither
+        QCOMPARE(nova.attributes(2), (PlanetAttributes{1, 0, 0, 1, 1}));
+        QVERIFY(checked(&dialog, "gpAdv0"));
+        click(&dialog, "gpAtt2");  // refused while there is no animal life
+        QVERIFY(checked(&dialog, "gpAtt0"));
+        click(&dialog, "gpEnr3");
+        QCOMPARE(nova.attributes(2), (PlanetAttributes{1, 0, 0, 3, 1}));
+
         click(&dialog, "spnSizeUp");
         click(&dialog, "spnMoonsDown");
         dialog.cboAlienName->setCurrentIndex(2);
@@ -117,7 +109,7 @@ class frmPlanetTest : public QObject {
         QVERIFY(dialog.finish(false));
 
         const PlanetRecord& planet = nova.store.record().planet(2);
-        QCOMPARE(nova.attributes(2), (PlanetAttributes{1, 0, 0, 1, 1}));
+        QCOMPARE(nova.attributes(2), (PlanetAttributes{1, 0, 0, 3, 1}));
         QCOMPARE(planet.Size, 2);
         QCOMPARE(planet.Moons, 4);
         QCOMPARE(nova.store.GetGeneralFlag(kMessagesFlag, 2), 0);

@@ -81,7 +81,7 @@ class frmSSEditCanvasTest : public QObject {
         }
     }
 
-    void theMousePicksAnOrbitCloserThanSixtyUnits() {
+    void theMousePicksAnOrbitCloserThanSixtyUnitsAndTheInfoPanelDescribesIt() {
         MainWindowHarness h;
         addNova(h);
         QVERIFY(h.start());
@@ -107,13 +107,8 @@ class frmSSEditCanvasTest : public QObject {
         canvas(h)->setHighlightLocked(false);
         QApplication::sendEvent(canvas(h), &leave);
         QCOMPARE(canvas(h)->highlightedPlanet(), 0);
-    }
 
-    void redrawsOnlyWhenSomethingShownChanged() {
-        MainWindowHarness h;
-        addNova(h);
-        QVERIFY(h.start());
-        h.choose("Nova");
+        // The picture is rendered again only when the highlight or the system changed.
         const int start = canvas(h)->renderCount();
         h.mouse(QEvent::MouseMove, outsideOrbit(h, 2, 10));
         h.mouse(QEvent::MouseMove, outsideOrbit(h, 2, 20));
@@ -125,27 +120,19 @@ class frmSSEditCanvasTest : public QObject {
         QCOMPARE(canvas(h)->renderCount(), start + 2);
         h.window().DrawSystem(true);
         QCOMPARE(canvas(h)->renderCount(), start + 3);
-    }
 
-    void infoPanelDescribesTheHighlightedPlanet() {
-        MainWindowHarness h;
-        addNova(h);
-        QVERIFY(h.start());
-        h.choose("Nova");
+        // The info panel describes the highlighted planet.
         InfoPanel* info = h.window().picInfo;
-
         h.mouse(QEvent::MouseMove, h.planetCentre(2));
         QCOMPARE(info->lblPName->text(), QStringLiteral("Halcyon"));
         QCOMPARE(info->lblInh->text(), QStringLiteral("Animal"));
         QCOMPARE(info->lblAtt->text(), QStringLiteral("Fr Social"));
         QCOMPARE(info->lblEnr->text(), QStringLiteral("Nuclear"));
-
         // No name of its own, and no life: no attitude, no technology.
         h.mouse(QEvent::MouseMove, h.planetCentre(1));
         QCOMPARE(info->lblPName->text(), QStringLiteral("Planet 1"));
         QCOMPARE(info->lblInh->text(), QStringLiteral("No Life"));
         QCOMPARE(info->lblAtt->text(), QStringLiteral("---"));
-
         QCOMPARE(h.window().picStar->toolTip(), QStringLiteral("A restless ember"));
     }
 
