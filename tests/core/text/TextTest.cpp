@@ -67,12 +67,6 @@ TEST(TextTest, ParseIntegerIsStrict) {
     EXPECT_EQ(value, 77) << "a refused text leaves the output alone";
 }
 
-TEST(TextTest, FitWidthCutsOrPads) {
-    EXPECT_EQ(fitWidth("Sol", 6), "Sol   ");
-    EXPECT_EQ(fitWidth("Andromeda Gateway Prime", 20), "Andromeda Gateway Pr");
-    EXPECT_EQ(fitWidth("abc", 0), "");
-}
-
 TEST(TextTest, ReplaceAllReplacesEveryOccurrenceLeftToRight) {
     EXPECT_EQ(replaceAll("%1 and %1", "%1", "Sol"), "Sol and Sol");
     EXPECT_EQ(replaceAll("aaa", "aa", "b"), "ba");
