@@ -72,10 +72,7 @@ TEST_F(GameFolderTest, ListsFilesByExtensionInFolderOrder) {
 
 TEST_F(GameFolderTest, SystemListGivesRecordsAndKeys) {
     const auto systems = ReadSystemList(game.root() / "SOLARSYS.TXT");
-    ASSERT_EQ(systems.size(), 4u);
-    EXPECT_EQ(systems[0].key, "9Sol");
-    EXPECT_EQ(systems[1].key, "0Vega");
-    EXPECT_EQ(systems[2].key, "1Hidden #1");
+    ASSERT_EQ(systems.size(), 4u);      // keys: see the offer, and the "#" system's lookup
     EXPECT_EQ(systems[3].key, "3Sol");  // same name, other count: another key
     const SystemRecord& sol = systems[0].record;
     EXPECT_EQ(sol.DisplayName, "Sol" + std::string(17, ' '));

@@ -37,11 +37,6 @@ TEST_F(ProfileStoreTest, ReadingCreatesNothingAndWritingOnlyTheFile) {
     ASSERT_TRUE(store_.writeValue(file_, "Names", "S", "Sol")) << store_.lastError();
     EXPECT_EQ(readBytes(file_), "[Names]\r\nS=Sol\r\n");
     EXPECT_EQ(entryNames(game.descriptors()), Names{"Sol.edt"});
-
-    const fs::path elsewhere = game.root() / "Missing" / "Sol.edt";
-    EXPECT_FALSE(store_.writeValue(elsewhere, "Names", "S", "Sol"));
-    EXPECT_NE(store_.lastError().find("Sol.edt"), std::string::npos) << store_.lastError();
-    EXPECT_FALSE(fs::exists(game.root() / "Missing"));
 }
 
 TEST_F(ProfileStoreTest, TheCacheIsUsedWhileSizeAndTimeStayTheSame) {
