@@ -30,7 +30,7 @@ void addNova(MainWindowHarness& h) {
     record.planet(3).Size = 0;
     record.planet(4).PlanetClass = 11;  // K: light red
     record.planet(4).Size = 5;
-    h.addSystem(record, "[Names]\r\nS=A restless ember\r\n2=Halcyon\r\n");
+    h.game.writeDescriptor(record, "[Names]\r\nS=A restless ember\r\n2=Halcyon\r\n");
 }
 
 // A point straight above the star, `units` beyond planet n's orbit: far from every disc.

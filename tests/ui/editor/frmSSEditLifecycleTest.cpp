@@ -31,9 +31,9 @@ namespace {
 
 // Nova (3 planets, planet 2 named and with a section) and Vega (2 planets), both saved.
 void addNovaAndVega(MainWindowHarness& h) {
-    h.addSystem(TempGameFolder::systemRecord("Nova", 3),
-                "[Names]\r\n2=Halcyon\r\n[2]\r\nInfo=harbour\r\n");
-    h.addSystem(TempGameFolder::systemRecord("Vega", 2));
+    h.game.writeDescriptor(TempGameFolder::systemRecord("Nova", 3),
+                           "[Names]\r\n2=Halcyon\r\n[2]\r\nInfo=harbour\r\n");
+    h.game.writeDescriptor(TempGameFolder::systemRecord("Vega", 2));
 }
 
 // A change to the working copy that makes the open system modified.
@@ -333,7 +333,7 @@ class frmSSEditLifecycleTest : public QObject {
 
     void deleteRemovesOnlyThisSystemsFiles() {
         MainWindowHarness h;
-        h.addSystem(TempGameFolder::systemRecord("NovaPrime", 1));
+        h.game.writeDescriptor(TempGameFolder::systemRecord("NovaPrime", 1));
         h.game.write("PICTURES/NovaPrime.bmp", "picture");
         openNova(h);
 

@@ -45,7 +45,8 @@ std::string namesAndSections(int planets) {
 // sections for planets 2..4, opened, with the "Messages" flag set for planet 2 and a picture of
 // its own colour for every planet.
 void openNova(MainWindowHarness& h, int planets = 4) {
-    h.addSystem(MainWindowHarness::spacedSystem("Nova", planets), namesAndSections(planets));
+    h.game.writeDescriptor(MainWindowHarness::spacedSystem("Nova", planets),
+                           namesAndSections(planets));
     QVERIFY(h.start());
     h.choose("Nova");
     QVERIFY(h.store().SetGeneralFlag(kMessagesFlag, 2, planets, true));
@@ -126,7 +127,7 @@ class frmSSEditMenusTest : public QObject {
 
     void theEleventhPlanetIsRefused() {
         MainWindowHarness h;
-        h.addSystem(TempGameFolder::systemRecord("Nova", 10), namesAndSections(4));
+        h.game.writeDescriptor(TempGameFolder::systemRecord("Nova", 10), namesAndSections(4));
         QVERIFY(h.start());
         h.choose("Nova");
         h.action("mnuPAdd")->trigger();

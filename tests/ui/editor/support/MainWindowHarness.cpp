@@ -20,10 +20,6 @@ MainWindowHarness::MainWindowHarness() {
 
 MainWindowHarness::~MainWindowHarness() = default;
 
-void MainWindowHarness::addSystem(const SystemRecord& record, std::string_view extra) {
-    game.writeDescriptor(record, extra);
-}
-
 SystemRecord MainWindowHarness::spacedSystem(const std::string& name, int planets) {
     SystemRecord record = TempGameFolder::systemRecord(name, planets);
     for (int n = 1; n <= planets; ++n)

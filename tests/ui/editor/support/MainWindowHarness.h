@@ -3,7 +3,7 @@
 // the context menus and dialogs driven by the test instead of a person.
 //
 //     MainWindowHarness h;
-//     h.addSystem(TempGameFolder::systemRecord("Nova", 3));
+//     h.game.writeDescriptor(TempGameFolder::systemRecord("Nova", 3));
 //     QVERIFY(h.start());
 //     h.choose("Nova");
 //     h.pickPlanetMenu(2, "mnuDelete");
@@ -36,8 +36,6 @@ class MainWindowHarness {
     TempGameFolder game;
     ui::ScriptedPrompts prompts;
 
-    // A saved descriptor for the record; `extra` (CR LF lines) is appended.
-    void addSystem(const SystemRecord& record, std::string_view extra = {});
     // A custom system with planets on the orbits 400, 700, 1000 ... (far enough apart to be
     // told apart on the canvas), classes A, sizes 2.
     static SystemRecord spacedSystem(const std::string& name, int planets);

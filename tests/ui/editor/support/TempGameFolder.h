@@ -28,7 +28,6 @@ class TempGameFolder {
     // With "voidrunner.exe", "ORBDescriptor" and "PICTURES"; no system list, no alien names.
     TempGameFolder();
 
-    bool isValid() const { return dir_.isValid(); }
     std::filesystem::path root() const;
     GameFolder folder() const { return GameFolder(root()); }
     // root / relative, with "/" separating folders in `relative`.
