@@ -168,28 +168,7 @@ class frmSSEditMenusTest : public QObject {
         QCOMPARE(pictureColour(h, 2), cedar);
     }
 
-    void propertiesOpenAfterTheMenuHasClosed() {
-        MainWindowHarness h;
-        openNova(h, 3);
-        QString title;
-        bool lockedMeanwhile = false;
-        h.onDialog([&](QDialog& dialog) {
-            auto* properties = qobject_cast<frmPlanet*>(&dialog);
-            QVERIFY(properties);
-            title = dialog.windowTitle();
-            lockedMeanwhile = h.window().picSolarSystem->highlightLocked();
-            properties->findChild<QAbstractButton*>("gpInh2")->click();
-            properties->cmdOK->click();
-        });
-        h.pickPlanetMenu(2, "mnuProperties");
-        QCOMPARE(h.dialogsRun(), 1);
-        QCOMPARE(title, QStringLiteral("Planet Properties - Birch"));
-        QVERIFY(lockedMeanwhile);
-        QVERIFY(!h.window().picSolarSystem->highlightLocked());
-        QCOMPARE(PlanetAttributes::unpack(h.record().planet(2).Attributes).Inhabited, 2);
-    }
-
-    void messagesWaitForTheMessageEditor() {
+    void messagesAndPropertiesOpenTheirWindows() {
         MainWindowHarness h;
         openNova(h, 3);
         h.pickPlanetMenu(2, nullptr);
@@ -210,18 +189,30 @@ class frmSSEditMenusTest : public QObject {
         QCOMPARE(opened, 2);
         QVERIFY(customMessages);
 
-        // The properties dialog's "Edit" reaches the same editor.
+        // Properties open after the menu has closed, with the highlight locked meanwhile, and
+        // their "Edit" reaches the same editor.
+        QString title;
+        bool lockedMeanwhile = false;
         bool editEnabled = false;
         h.onDialog([&](QDialog& dialog) {
             auto* properties = qobject_cast<frmPlanet*>(&dialog);
+            QVERIFY(properties);
+            title = dialog.windowTitle();
+            lockedMeanwhile = h.window().picSolarSystem->highlightLocked();
             editEnabled = properties->cmdMsg->isEnabled();
-            properties->cmdCancel->click();
+            properties->findChild<QAbstractButton*>("gpInh2")->click();
+            properties->cmdOK->click();
         });
-        h.pickPlanetMenu(1, "mnuProperties");
+        h.pickPlanetMenu(2, "mnuProperties");
+        QCOMPARE(h.dialogsRun(), 1);
+        QCOMPARE(title, QStringLiteral("Planet Properties - Birch"));
+        QVERIFY(lockedMeanwhile);
         QVERIFY(editEnabled);
+        QVERIFY(!h.window().picSolarSystem->highlightLocked());
+        QCOMPARE(PlanetAttributes::unpack(h.record().planet(2).Attributes).Inhabited, 2);
     }
 
-    void starMenuChangesTheStarTypeUnlessTheStarHasItsOwnPicture() {
+    void starMenuChangesTypeAndDescriptionButNoTypeForAnOwnPicture() {
         MainWindowHarness h;
         openNova(h, 2);
         h.pickStarMenu("mnuStarType", 5);
@@ -230,6 +221,18 @@ class frmSSEditMenusTest : public QObject {
         QVERIFY(!h.wasChecked("mnuStarPic"));
         QCOMPARE(h.record().StarType, 5);
         QCOMPARE(h.window().picStar->picture(), h.window().clpStars->cell(5));
+        QCOMPARE(h.window().picStar->toolTip(), QStringLiteral("Neutron Star"));
+
+        // The star's description: stored, or the type's name again for "none".
+        h.prompts.answerInput(QStringLiteral("Twin embers"));
+        h.pickStarMenu("mnuStarDesc");
+        QCOMPARE(h.prompts.asked().back().text,
+                 QStringLiteral("Please enter the description for Nova.  Enter \"default\" or "
+                                "\"none\" to use the default name."));
+        QCOMPARE(h.prompts.asked().back().defaultText, QStringLiteral("Neutron Star"));
+        QCOMPARE(h.window().picStar->toolTip(), QStringLiteral("Twin embers"));
+        h.prompts.answerInput(QStringLiteral("None"));
+        h.pickStarMenu("mnuStarDesc");
         QCOMPARE(h.window().picStar->toolTip(), QStringLiteral("Neutron Star"));
 
         MainWindowHarness own;
@@ -241,22 +244,6 @@ class frmSSEditMenusTest : public QObject {
         own.pickStarMenu(nullptr);
         QVERIFY(!own.wasEnabled("mnuType"));
         QVERIFY(own.wasChecked("mnuStarPic"));
-    }
-
-    void starDescriptionIsStoredOrRestored() {
-        MainWindowHarness h;
-        openNova(h, 2);
-        h.prompts.answerInput(QStringLiteral("Twin embers"));
-        h.pickStarMenu("mnuStarDesc");
-        QCOMPARE(h.prompts.asked().back().text,
-                 QStringLiteral("Please enter the description for Nova.  Enter \"default\" or "
-                                "\"none\" to use the default name."));
-        QCOMPARE(h.prompts.asked().back().defaultText, QStringLiteral("Yellow Sun"));
-        QCOMPARE(h.window().picStar->toolTip(), QStringLiteral("Twin embers"));
-
-        h.prompts.answerInput(QStringLiteral("None"));
-        h.pickStarMenu("mnuStarDesc");
-        QCOMPARE(h.window().picStar->toolTip(), QStringLiteral("Yellow Sun"));
     }
 
     void setOrderExchangesPlanetsEverywhereButTheEndsStay() {
