@@ -108,10 +108,20 @@ class MessageEditingTest : public QObject {
         QVERIFY(!f.enabled("cmdDelete"));  // nothing left to delete
     }
 
-    void lengthAndWidthLimitsWarn() {
+    void theTextIsOneLineAndLengthAndWidthLimitsWarn() {
         MessageEditorFixture f;
         f.open(1);
         f.click("cmdNew");
+        // The text box holds one line.
+        auto* text = f.find<QPlainTextEdit>("txtMessage");
+        QTest::keyClicks(text, "ab");
+        QTest::keyClick(text, Qt::Key_Return);
+        QTest::keyClicks(text, "c");
+        QCOMPARE(text->toPlainText(), QStringLiteral("abc"));
+        f.type(QStringLiteral("one\ntwo"));
+        QCOMPARE(text->toPlainText(), QStringLiteral("one two"));
+        QVERIFY(f.window().isVisible());
+
         auto* error = f.find<QLabel>("lblError");
         f.type(QString(254, QLatin1Char('a')));
         QVERIFY(!error->isVisible());
@@ -180,23 +190,7 @@ class MessageEditingTest : public QObject {
         QCOMPARE(f.prompts.unexpectedCount(), 0);
     }
 
-    void aTextThatWouldReadBackAsCodesIsQuestioned() {
-        MessageEditorFixture f;
-        f.open(1);
-        f.click("cmdNew");
-        f.type(QStringLiteral("%NM, welcome."));
-        f.prompts.answerMessage(PromptAnswer::No);
-        f.click("cmdSave");
-        QCOMPARE(f.prompts.messageTexts().size(), 1);
-        QCOMPARE(f.key(1, "Messages"), std::string("ERR"));
-        // Behind a caption the same text is fine.
-        f.click("optDisplay1");
-        f.click("cmdSave");
-        QCOMPARE(f.prompts.messageTexts().size(), 1);
-        QCOMPARE(f.key(1, "Message1"), std::string("$BOX$%NM, welcome."));
-    }
-
-    void charactersTheGameCannotStoreAreRefused() {
+    void unstorableCharactersAreRefusedAndCodeLikeTextQuestioned() {
         MessageEditorFixture f(section(1, {"Messages=1", "Message1=Old text"}));
         f.open(1);
         f.select(0);
@@ -209,20 +203,17 @@ class MessageEditingTest : public QObject {
                  QStringList{unstorableMessage(QStringLiteral("\u2603"))});
         QCOMPARE(f.key(1, "Message1"), std::string("Old text"));
         QCOMPARE(f.find<QPlainTextEdit>("txtMessage")->toPlainText(), snowy);  // nothing lost
-    }
 
-    void theTextBoxHoldsOneLine() {
-        MessageEditorFixture f;
-        f.open(1);
-        f.click("cmdNew");
-        auto* text = f.find<QPlainTextEdit>("txtMessage");
-        QTest::keyClicks(text, "ab");
-        QTest::keyClick(text, Qt::Key_Return);
-        QTest::keyClicks(text, "c");
-        QCOMPARE(text->toPlainText(), QStringLiteral("abc"));
-        f.type(QStringLiteral("one\ntwo"));
-        QCOMPARE(text->toPlainText(), QStringLiteral("one two"));
-        QVERIFY(f.window().isVisible());
+        // A text that would read back as codes is questioned, unless it stands behind a caption.
+        f.type(QStringLiteral("%NM, welcome."));
+        f.prompts.answerMessage(PromptAnswer::No);
+        f.click("cmdSave");
+        QCOMPARE(f.prompts.messageTexts().size(), 2);
+        QCOMPARE(f.key(1, "Message1"), std::string("Old text"));
+        f.click("optDisplay1");
+        f.click("cmdSave");
+        QCOMPARE(f.prompts.messageTexts().size(), 2);
+        QCOMPARE(f.key(1, "Message1"), std::string("$BOX$%NM, welcome."));
     }
 
     void closingCancelsTheEditButKeepsWhatWasSaved() {

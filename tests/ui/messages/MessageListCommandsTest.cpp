@@ -140,25 +140,7 @@ class MessageListCommandsTest : public QObject {
         QCOMPARE(f.key(1, "MessageTrade1"), std::string("What do you offer?"));
     }
 
-    void addGroupTakesOnlyNewUsableNames() {
-        MessageEditorFixture f;
-        f.open(1);
-        QVERIFY(!f.enabled("cmdAddGroup"));
-        f.typeGroup(QStringLiteral("Cave"));
-        f.click("cmdAddGroup");
-        QCOMPARE(f.find<QGroupBox>("fraMessages")->title(), QStringLiteral("Message Level: Cave"));
-        QVERIFY(!f.enabled("cmdAddGroup"));
-        QCOMPARE(f.key(1, "MessagesCave"), std::string("ERR"));  // nothing written yet
-        // Typing a listed name chooses it.
-        f.typeGroup(QStringLiteral("INIT"));
-        QCOMPARE(f.find<QGroupBox>("fraMessages")->title(), QStringLiteral("Message Level: INIT"));
-        f.typeGroup(QStringLiteral("Bad*Name"));
-        f.click("cmdAddGroup");
-        QCOMPARE(f.prompts.messageTexts().size(), 1);
-        QVERIFY(!f.items("cboGroup").contains(QStringLiteral("Bad*Name")));
-    }
-
-    void aTypedGroupIsTakenUpBeforeLinesAreWritten() {
+    void typedGroupsAreTakenUpAndAddGroupTakesOnlyNewUsableNames() {
         MessageEditorFixture f;
         f.open(1);
         auto* combo = f.find<QComboBox>("cboGroup");
@@ -201,6 +183,21 @@ class MessageListCommandsTest : public QObject {
         f.click("cmdSave");
         QCOMPARE(f.key(1, "MessageHangar1"), std::string("Doors open."));
         QCOMPARE(combo->currentText(), QStringLiteral("Hangar"));
+
+        // Add Group takes only new, usable names, and writes nothing until a line is saved.
+        f.typeGroup(QStringLiteral("INIT"));  // typing a listed name chooses it
+        QCOMPARE(f.find<QGroupBox>("fraMessages")->title(), QStringLiteral("Message Level: INIT"));
+        QVERIFY(!f.enabled("cmdAddGroup"));
+        f.typeGroup(QStringLiteral("Cave"));
+        f.click("cmdAddGroup");
+        QCOMPARE(f.find<QGroupBox>("fraMessages")->title(), QStringLiteral("Message Level: Cave"));
+        QVERIFY(!f.enabled("cmdAddGroup"));
+        QCOMPARE(f.key(1, "MessagesCave"), std::string("ERR"));
+        f.typeGroup(QStringLiteral("Bad*Name"));
+        f.prompts.answerMessage(PromptAnswer::Ok);
+        f.click("cmdAddGroup");
+        QCOMPARE(f.prompts.messageTexts().size(), 2);
+        QVERIFY(!f.items("cboGroup").contains(QStringLiteral("Bad*Name")));
         QCOMPARE(f.prompts.unexpectedCount(), 0);
     }
 
