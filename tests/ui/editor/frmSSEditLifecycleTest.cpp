@@ -331,7 +331,7 @@ class frmSSEditLifecycleTest : public QObject {
         QCOMPARE(h.record().Name, std::string("2Sol"));
     }
 
-    void deleteRemovesOnlyThisSystemsFiles() {
+    void clearPlanetsAndDeleteAskFirst() {
         MainWindowHarness h;
         h.game.writeDescriptor(TempGameFolder::systemRecord("NovaPrime", 1));
         h.game.write("PICTURES/NovaPrime.bmp", "picture");
@@ -346,20 +346,8 @@ class frmSSEditLifecycleTest : public QObject {
         QCOMPARE(asked.defaultButton, std::optional<PromptAnswer>(PromptAnswer::No));
         QVERIFY(h.game.exists("ORBDescriptor/Nova.orb"));
 
-        h.prompts.answerMessage(PromptAnswer::Yes);
-        h.action("mnuFDelete")->trigger();
-        QVERIFY(!h.game.exists("ORBDescriptor/Nova.orb"));
-        QVERIFY(h.game.exists("PICTURES/NovaPrime.bmp"));
-        QCOMPARE(h.indexOf("Nova"), -1);
-        QVERIFY(!h.window().cmdSave->isEnabled());
-        QVERIFY(!h.window().picStar->hasPicture());
-    }
-
-    void clearPlanetsAsksForConfirmation() {
-        MainWindowHarness h;
-        openNova(h);
+        // Clear Planets asks too; its first picture slot stays, for the next planet added.
         const std::string before = h.descriptor("Nova");
-
         h.prompts.answerMessage(PromptAnswer::No);
         h.action("mnuFClear")->trigger();
         QCOMPARE(h.prompts.asked().back().caption, QStringLiteral("Confirmation"));
@@ -367,17 +355,24 @@ class frmSSEditLifecycleTest : public QObject {
                  QStringLiteral(
                      "Are you sure you want to clear all planets, their messages, and pictures?"));
         QCOMPARE(h.descriptor("Nova"), before);
-
         h.prompts.answerMessage(PromptAnswer::Yes);
         h.action("mnuFClear")->trigger();
         QCOMPARE(h.record().PlanetCount, 0);
         QVERIFY(!contains(h.descriptor("Nova"), "Halcyon"));
         QVERIFY(!h.action("mnuPOrder")->isEnabled());
-        // The first picture slot stays, for the next planet added.
         QCOMPARE(h.window().pictures().count(), 1);
         h.action("mnuPAdd")->trigger();
         h.action("mnuPAdd")->trigger();
         QCOMPARE(h.window().pictures().count(), 2);
+
+        h.prompts.answerMessage(PromptAnswer::Yes);
+        h.action("mnuFDelete")->trigger();
+        QVERIFY(!h.game.exists("ORBDescriptor/Nova.orb"));
+        QVERIFY(h.game.exists("PICTURES/NovaPrime.bmp"));
+        QCOMPARE(h.indexOf("Nova"), -1);
+        QVERIFY(!h.window().cmdSave->isEnabled());
+        QVERIFY(!h.window().picStar->hasPicture());
+        QCOMPARE(h.prompts.unexpectedCount(), 0);
     }
 
     void exitAsksToSave() {
