@@ -142,27 +142,7 @@ class frmPlanetTest : public QObject {
         QCOMPARE(prompts.unexpectedCount(), 0);
     }
 
-    void spinnersStayWithinTheirRangesAndTheCloseBoxIsCancel() {
-        Nova nova;
-        frmPlanet dialog(nova.store, nullptr);
-        dialog.loadPlanet(1);
-        click(&dialog, "spnSizeUp", 5);
-        QCOMPARE(dialog.lblSize->text(), QStringLiteral("5"));
-        click(&dialog, "spnSizeDown", 9);
-        QCOMPARE(dialog.lblSize->text(), QStringLiteral("1"));
-        click(&dialog, "spnMoonsDown");
-        QCOMPARE(dialog.lblMoons->text(), QStringLiteral("0"));
-        click(&dialog, "spnMoonsUp", 30);
-        QCOMPARE(dialog.lblMoons->text(), QStringLiteral("25"));
-        dialog.show();
-        dialog.cmdOK->click();
-        QCOMPARE(dialog.tag(), QStringLiteral("OK"));
-        dialog.show();
-        dialog.close();  // the close box is Cancel
-        QVERIFY(dialog.tag().isEmpty());
-    }
-
-    void flagBoxesNeedPicturesAndASection() {
+    void flagBoxesNeedPicturesAndASectionAndSpinnersStayInRange() {
         Nova nova;
         QVERIFY(nova.store.SetGeneralFlag(kPlanetPics, 1, 3, true));
         frmPlanet bare(nova.store, nullptr);
@@ -172,6 +152,22 @@ class frmPlanetTest : public QObject {
         QVERIFY(!bare.chkMessage->isEnabled());
         QVERIFY(bare.finish(true));
         QCOMPARE(nova.store.GetGeneralFlag(kPlanetPics, 1), 1);  // a disabled box writes nothing
+
+        // The spinners stay within their ranges; the close box is Cancel.
+        click(&bare, "spnSizeUp", 5);
+        QCOMPARE(bare.lblSize->text(), QStringLiteral("5"));
+        click(&bare, "spnSizeDown", 9);
+        QCOMPARE(bare.lblSize->text(), QStringLiteral("1"));
+        click(&bare, "spnMoonsDown");
+        QCOMPARE(bare.lblMoons->text(), QStringLiteral("0"));
+        click(&bare, "spnMoonsUp", 30);
+        QCOMPARE(bare.lblMoons->text(), QStringLiteral("25"));
+        bare.show();
+        bare.cmdOK->click();
+        QCOMPARE(bare.tag(), QStringLiteral("OK"));
+        bare.show();
+        bare.close();
+        QVERIFY(bare.tag().isEmpty());
 
         PictureStrip strip;
         strip.SetupPics(3);

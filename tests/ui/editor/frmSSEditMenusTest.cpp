@@ -80,7 +80,7 @@ class frmSSEditMenusTest : public QObject {
         Settings::setDisplayAsteroids(true);
     }
 
-    void classZeroMakesABeltAndAClassGivesSizeAgain() {
+    void classAndNameEntriesChangeThePlanet() {
         MainWindowHarness h;
         openNova(h);
         h.store().record().planet(2).Moons = 3;
@@ -95,11 +95,8 @@ class frmSSEditMenusTest : public QObject {
         QVERIFY(h.wasChecked("mnuPClass", 0));
         QCOMPARE(h.record().planet(2).PlanetClass, 3);
         QCOMPARE(h.record().planet(2).Size, 2);
-    }
 
-    void nameQuestionStoresOrRestoresTheName() {
-        MainWindowHarness h;
-        openNova(h, 3);
+        // The name question stores the name, or the default name for "default" in any case.
         h.prompts.answerInput(QStringLiteral("Zephyr"));
         h.pickPlanetMenu(2, "mnuDescription");
         const auto& asked = h.prompts.asked().back();
