@@ -60,6 +60,17 @@ class MessageEditorLifecycleTest : public QObject {
         f.click("chkCustom");
         f.click("chkCustom");
         QCOMPARE(f.store.GetGeneralFlag(kMessagesFlag, 2), 1);
+
+        // The direction picture follows the direction and animates.
+        auto* picture = f.find<DirectionPicture>("picDirection");
+        QCOMPARE(picture->direction(), Direction::Message);
+        QTRY_VERIFY(picture->frame() > 0);
+        f.chooseDirection(1);
+        QCOMPARE(picture->direction(), Direction::Information);
+        QTRY_VERIFY(!picture->questionMarkShown());
+        QTRY_VERIFY(picture->questionMarkShown());
+        f.chooseDirection(2);
+        QCOMPARE(picture->direction(), Direction::Response);
         f.click("cmdClose");
         QVERIFY(!f.find<QTimer>("tmrAnim")->isActive());
     }
@@ -148,20 +159,6 @@ class MessageEditorLifecycleTest : public QObject {
         editor.setDialogRunner([](QDialog& dialog) { dialog.reject(); });
         QVERIFY(openMessageEditor(&mainWindow, f.store, 1, true));
         QCOMPARE(editor.windowTitle(), QStringLiteral("Planet Messages - Nova I"));
-    }
-
-    void theDirectionPictureFollowsTheDirection() {
-        MessageEditorFixture f;
-        f.open(1);
-        auto* picture = f.find<DirectionPicture>("picDirection");
-        QCOMPARE(picture->direction(), Direction::Message);
-        QTRY_VERIFY(picture->frame() > 0);
-        f.chooseDirection(1);
-        QCOMPARE(picture->direction(), Direction::Information);
-        QTRY_VERIFY(!picture->questionMarkShown());
-        QTRY_VERIFY(picture->questionMarkShown());
-        f.chooseDirection(2);
-        QCOMPARE(picture->direction(), Direction::Response);
     }
 
     void longEntriesShowATooltip() {
