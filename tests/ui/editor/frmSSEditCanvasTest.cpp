@@ -57,10 +57,8 @@ class frmSSEditCanvasTest : public QObject {
         MainWindowHarness h;
         addNova(h);
         QVERIFY(h.start());
-        const QImage empty = canvas(h)->grab().toImage();
         h.choose("Nova");
         const QImage picture = canvas(h)->grab().toImage();
-        QVERIFY(picture != empty);
 
         // Planet 4's disc is filled with its class colour, the sky around is black.
         const QPointF centre = canvas(h)->toPixels(h.planetCentre(4));
