@@ -127,13 +127,6 @@ void MessageEditorFixture::chooseDirection(int index) {
     click(qPrintable(QStringLiteral("optDir%1").arg(index)));
 }
 
-void MessageEditorFixture::chooseGroup(const QString& group) {
-    auto* combo = find<QComboBox>("cboGroup");
-    const int index = combo->findText(group);
-    if (index < 0) QFAIL(qPrintable(QStringLiteral("no group %1").arg(group)));
-    combo->setCurrentIndex(index);
-}
-
 void MessageEditorFixture::typeGroup(const QString& text) {
     auto* combo = find<QComboBox>("cboGroup");
     combo->lineEdit()->selectAll();

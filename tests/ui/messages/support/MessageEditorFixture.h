@@ -60,8 +60,7 @@ class MessageEditorFixture {
     bool enabled(const char* name);
     bool visible(const char* name);
 
-    void chooseDirection(int index);  // clicks optDir<index>
-    void chooseGroup(const QString& group);
+    void chooseDirection(int index);      // clicks optDir<index>
     void typeGroup(const QString& text);  // types into cboGroup's text
     void select(int row);                 // clicks an entry of lstMessages
     QStringList entries();                // lstMessages' texts
