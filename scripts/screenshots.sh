@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Makes the README's screenshots: starts the editor on a temporary copy of the demo game folder
-# under a virtual X display, opens the demo system and lets the editor save a picture of its own
-# window. Usage: scripts/screenshots.sh [BUILD_DIR]   (default: build)
+# under a virtual X display, opens the demo system and lets the editor save pictures of its own
+# windows: the main window, and the message editor on the second planet (responses of group
+# "Treaty", the first one being edited). Usage: scripts/screenshots.sh [BUILD_DIR]   (default: build)
 set -euo pipefail
 
 root="$(cd "$(dirname "$0")/.." && pwd)"
@@ -28,8 +29,18 @@ trap 'rm -rf "$work"' EXIT
 cp -r "$root/demo/game" "$work/game"
 mkdir -p "$work/config" "$shots"
 
-# Own settings folder: the user's real settings are neither read nor changed.
-XDG_CONFIG_HOME="$work/config" xvfb-run -a -s "-screen 0 1280x1024x24" \
-    "$editor" --game-dir "$work/game" --screenshot "$shots/main-window.png" "$system"
+# Own settings folder: the user's real settings are neither read nor changed. Each picture starts
+# the editor afresh on the same copy; a run leaves no working copy behind. A message box would
+# wait for nobody on the virtual display, so a run that takes too long is stopped.
+shoot() {
+    if ! XDG_CONFIG_HOME="$work/config" xvfb-run -a -s "-screen 0 1280x1024x24" \
+        timeout 120 "$editor" --game-dir "$work/game" "$@" "$system"; then
+        echo "screenshots: the editor failed or waited on a question ($*)" >&2
+        exit 1
+    fi
+}
 
+shoot --screenshot "$shots/main-window.png"
 echo "screenshots: wrote ${shots#"$root"/}/main-window.png"
+shoot --screenshot-messages "$shots/message-editor.png"
+echo "screenshots: wrote ${shots#"$root"/}/message-editor.png"
