@@ -47,12 +47,18 @@ class MessageEditorLifecycleTest : public QObject {
   private slots:
     void initTestCase() { QStandardPaths::setTestModeEnabled(true); }
 
-    void openingShowsTheSwitchAndClickingItWritesIt() {
+    void openingShowsTheSwitchAndDraggableSettingBars() {
         MessageEditorFixture f;
         frmMessages& editor = f.open(2, true);
         QCOMPARE(editor.windowTitle(), QStringLiteral("Planet Messages - Nova II"));
         QVERIFY(f.find<QCheckBox>("chkCustom")->isChecked());
         QVERIFY(f.find<QTimer>("tmrAnim")->isActive());
+        QVERIFY(QTest::qWaitForWindowExposed(&editor));
+        for (const char* name : {"vsbWait", "vsbPercent"}) {
+            auto* bar = f.find<QScrollBar>(name);
+            // Two arrows take a bar's width each; the groove between them gets at least four.
+            QVERIFY2(bar->height() >= 6 * bar->width(), name);
+        }
         // Their windows are not part of the editor yet.
         for (const char* name : {"cmdTest", "cmdEditRoom", "cmdWizard"}) QVERIFY(!f.enabled(name));
         // Opening only shows the value it was given; a click writes it.
@@ -73,17 +79,6 @@ class MessageEditorLifecycleTest : public QObject {
         QCOMPARE(picture->direction(), Direction::Response);
         f.click("cmdClose");
         QVERIFY(!f.find<QTimer>("tmrAnim")->isActive());
-    }
-
-    void theSettingBarsAreLongEnoughToDrag() {
-        MessageEditorFixture f;
-        f.open(1);
-        QVERIFY(QTest::qWaitForWindowExposed(&f.window()));
-        for (const char* name : {"vsbWait", "vsbPercent"}) {
-            auto* bar = f.find<QScrollBar>(name);
-            // Two arrows take a bar's width each; the groove between them gets at least four.
-            QVERIFY2(bar->height() >= 6 * bar->width(), name);
-        }
     }
 
     void groupsAreReadAgainOnlyWhenNeeded() {

@@ -99,10 +99,17 @@ class SpecialCodesTest : public QObject {
         QCOMPARE(f.prompts.messageTexts().size(), 2);
     }
 
-    void conflictingRestrictionsAreRefused() {
+    void headingsPassTheChoiceOnAndConflictingRestrictionsAreRefused() {
         MessageEditorFixture f;
         f.open(1);
         f.click("cmdNew");
+        auto* combo = f.find<QComboBox>("cboSpecial");
+        QCOMPARE(combo->itemText(0), QStringLiteral("Restrictions"));
+        QVERIFY(!f.enabled("cmdSpAdd"));  // nothing chosen yet
+        combo->setCurrentIndex(0);
+        QCOMPARE(combo->currentIndex(), 1);
+        QVERIFY(f.enabled("cmdSpAdd"));
+
         f.attach("%GN");
         f.attach("%GE");
         QCOMPARE(f.prompts.messageTexts(),
@@ -118,20 +125,9 @@ class SpecialCodesTest : public QObject {
         f.attach("*SF");  // actions are never in conflict
         QCOMPARE(f.prompts.messageTexts().size(), 2);
         QCOMPARE(f.attached().size(), 6);
-    }
-
-    void headingsPassTheChoiceOnAndResponsesTakeOnlyRestrictions() {
-        MessageEditorFixture f;
-        f.open(1);
-        f.click("cmdNew");
-        auto* combo = f.find<QComboBox>("cboSpecial");
-        QCOMPARE(combo->itemText(0), QStringLiteral("Restrictions"));
-        QVERIFY(!f.enabled("cmdSpAdd"));  // nothing chosen yet
-        combo->setCurrentIndex(0);
-        QCOMPARE(combo->currentIndex(), 1);
-        QVERIFY(f.enabled("cmdSpAdd"));
         f.click("cmdCancel");
 
+        // Responses take only restrictions.
         f.chooseDirection(2);
         f.click("cmdNew");
         for (const char* code : {"*SF", "^EN"}) {
