@@ -38,16 +38,6 @@ class WaitCursor {
     bool shown_ = false;
 };
 
-MessagePrompt question(const QString& text, const QString& caption, PromptButtons buttons,
-                       PromptIcon icon) {
-    MessagePrompt prompt;
-    prompt.text = text;
-    prompt.caption = caption;
-    prompt.buttons = buttons;
-    prompt.icon = icon;
-    return prompt;
-}
-
 QString shown(const std::string& name) {
     return toQString(name);
 }
@@ -111,20 +101,21 @@ void SystemLifecycle::showAsOpen(int index) {
 }
 
 MessagePrompt SystemLifecycle::saveQuestion(const std::string& newName) const {
-    return question(QStringLiteral("Do you want to save the current system before loading '") +
-                        shown(newName) + QStringLiteral("'?"),
-                    frmSSEdit::kCaption, PromptButtons::YesNoCancel, PromptIcon::Question);
+    return MessagePrompt::question(
+        QStringLiteral("Do you want to save the current system before loading '") + shown(newName) +
+            QStringLiteral("'?"),
+        frmSSEdit::kCaption, PromptButtons::YesNoCancel, PromptIcon::Question);
 }
 
 void SystemLifecycle::systemChosen(int index) {
     if (reentryGuard_) return;
     // The open entry chosen again means going back to its saved version.
     const MessagePrompt ask =
-        index == tag_
-            ? question(QStringLiteral("This will revert to the last saved version of '") +
-                           shown(w_.store().record().Name) + QStringLiteral("'."),
-                       frmSSEdit::kCaption, PromptButtons::OkCancel, PromptIcon::Information)
-            : saveQuestion(entryName(index));
+        index == tag_ ? MessagePrompt::question(
+                            QStringLiteral("This will revert to the last saved version of '") +
+                                shown(w_.store().record().Name) + QStringLiteral("'."),
+                            frmSSEdit::kCaption, PromptButtons::OkCancel, PromptIcon::Information)
+                      : saveQuestion(entryName(index));
     if (!leaveOpenSystem(ask)) {
         selectEntry(tag_);
         return;
@@ -166,7 +157,7 @@ void SystemLifecycle::openEntry(int index) {
     if (w_.cboSystems->currentIndex() != index) selectEntry(index);
     store.record().Name = name;
     const bool editing = store.BeginEdit([this, &hourglass] {
-        MessagePrompt ask = question(
+        MessagePrompt ask = MessagePrompt::question(
             QStringLiteral("There is a backup for this solar system, would you like to edit it?"),
             QStringLiteral("Backup Exists"), PromptButtons::YesNo, PromptIcon::Question);
         hourglass.restore();
@@ -266,9 +257,9 @@ void SystemLifecycle::clearPlanets() {
 }
 
 bool SystemLifecycle::confirmExit() {
-    const MessagePrompt ask =
-        question(QStringLiteral("Do you want to save before exiting?"), frmSSEdit::kCaption,
-                 PromptButtons::YesNoCancel, PromptIcon::Question);
+    const MessagePrompt ask = MessagePrompt::question(
+        QStringLiteral("Do you want to save before exiting?"), frmSSEdit::kCaption,
+        PromptButtons::YesNoCancel, PromptIcon::Question);
     return leaveOpenSystem(ask);
 }
 

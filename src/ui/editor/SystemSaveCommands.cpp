@@ -17,20 +17,6 @@
 #include "text/Text.h"
 
 namespace orr::ui {
-namespace {
-
-MessagePrompt question(const QString& text, const QString& caption, PromptButtons buttons,
-                       PromptIcon icon) {
-    MessagePrompt prompt;
-    prompt.text = text;
-    prompt.caption = caption;
-    prompt.buttons = buttons;
-    prompt.icon = icon;
-    return prompt;
-}
-
-}  // namespace
-
 SystemSaveCommands::SystemSaveCommands(frmSSEdit& window, SystemLifecycle& lifecycle)
     : w_(window), lifecycle_(lifecycle) {}
 
@@ -153,7 +139,7 @@ std::optional<std::string> SystemSaveCommands::askSaveAsName() {
         }
         // Game folders travel to Windows, where names differing only in case are one file.
         if (lifecycle_.findEntryIgnoringCase(name) < 0) return name;
-        const MessagePrompt overwrite = question(
+        const MessagePrompt overwrite = MessagePrompt::question(
             QStringLiteral("This system aready exists.  Are you sure you want to overwrite?"),
             frmSSEdit::kCaption, PromptButtons::YesNo, PromptIcon::Exclamation);
         if (prompts().message(&w_, overwrite) == PromptAnswer::Yes) return name;
@@ -192,7 +178,7 @@ void SystemSaveCommands::deleteSystem() {
     const int index = w_.cboSystems->currentIndex();
     if (index < 0) return;
     const std::string name = lifecycle_.entryName(index);
-    MessagePrompt ask = question(
+    MessagePrompt ask = MessagePrompt::question(
         QStringLiteral("Are you sure you want to delete ") + toQString(name) + QStringLiteral("?"),
         frmSSEdit::kCaption, PromptButtons::YesNo, PromptIcon::Exclamation);
     ask.defaultButton = PromptAnswer::No;
@@ -210,7 +196,7 @@ void SystemSaveCommands::deleteSystem() {
 
 void SystemSaveCommands::clearPlanets() {
     if (!w_.hasOpenSystem()) return;
-    const MessagePrompt ask = question(
+    const MessagePrompt ask = MessagePrompt::question(
         QStringLiteral("Are you sure you want to clear all planets, their messages, and pictures?"),
         QStringLiteral("Confirmation"), PromptButtons::YesNo, PromptIcon::Exclamation);
     if (prompts().message(&w_, ask) != PromptAnswer::Yes) return;

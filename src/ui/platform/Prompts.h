@@ -20,6 +20,16 @@ struct MessagePrompt {
     PromptButtons buttons = PromptButtons::Ok;
     PromptIcon icon = PromptIcon::None;
     std::optional<PromptAnswer> defaultButton;  // the platform's default when unset
+
+    static MessagePrompt question(const QString& text, const QString& caption,
+                                  PromptButtons buttons, PromptIcon icon) {
+        MessagePrompt prompt;
+        prompt.text = text;
+        prompt.caption = caption;
+        prompt.buttons = buttons;
+        prompt.icon = icon;
+        return prompt;
+    }
 };
 
 struct InputPrompt {
