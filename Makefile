@@ -1,9 +1,12 @@
-# The two commands of the README: `make run` and `make test`. Both install what is missing first.
+# The two commands of the README: `make run` and `make test`. Both install what is missing first,
+# as do the other targets.
 BUILD_DIR ?= build
 PRESET    ?= default
 JOBS      ?= $(shell nproc 2>/dev/null || echo 2)
+# Seconds each fuzz target runs in `make fuzz`.
+FUZZ_SECONDS ?= 60
 
-.PHONY: deps configure build run test bench screenshots clean format
+.PHONY: deps configure build run test bench screenshots fuzz clean format
 
 deps:
 	@bash scripts/install-deps.sh
@@ -28,11 +31,18 @@ bench: deps
 	cmake --build build-bench -j $(JOBS) --target orrerion-bench
 	bash scripts/run-bench.sh build-bench/bin/orrerion-bench docs/performance.md
 
+# Builds the libFuzzer targets (clang, build-fuzz) and runs each for FUZZ_SECONDS on a seed
+# corpus from demo/ and data/; fails when one finds a crash, a hang or a disagreement.
+fuzz: deps
+	@test -f build-fuzz/CMakeCache.txt || cmake --preset fuzz
+	cmake --build build-fuzz -j $(JOBS)
+	bash scripts/run-fuzz.sh build-fuzz $(FUZZ_SECONDS)
+
 screenshots: build
 	bash scripts/screenshots.sh $(BUILD_DIR)
 
 format:
-	find src tests bench -name '*.cpp' -o -name '*.h' | xargs clang-format -i
+	find src tests bench fuzz -name '*.cpp' -o -name '*.h' | xargs clang-format -i
 
 clean:
-	rm -rf $(BUILD_DIR) build-bench
+	rm -rf $(BUILD_DIR) build-bench build-fuzz

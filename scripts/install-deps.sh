@@ -1,8 +1,11 @@
 #!/usr/bin/env bash
 # Installs the Debian packages the build, the tests and the editor need, and only those missing.
+# clang and its runtime libraries (libFuzzer, the sanitizers) are for `make fuzz` and
+# `make sanitize`.
 set -eu
 packages=(
     g++ cmake make pkg-config
+    clang libclang-rt-14-dev
     googletest libgtest-dev libgmock-dev libbenchmark-dev
     qt6-base-dev qt6-multimedia-dev libgl-dev
     xvfb xauth fonts-dejavu-core
