@@ -6,7 +6,7 @@ JOBS      ?= $(shell nproc 2>/dev/null || echo 2)
 # Seconds each fuzz target runs in `make fuzz`.
 FUZZ_SECONDS ?= 60
 
-.PHONY: deps configure build run test bench screenshots fuzz clean format
+.PHONY: deps configure build run test bench screenshots fuzz sanitize clean format
 
 deps:
 	@bash scripts/install-deps.sh
@@ -38,6 +38,14 @@ fuzz: deps
 	cmake --build build-fuzz -j $(JOBS)
 	bash scripts/run-fuzz.sh build-fuzz $(FUZZ_SECONDS)
 
+# The core and command-line tests built with AddressSanitizer and UndefinedBehaviorSanitizer
+# (build-sanitize); any finding fails its test.
+sanitize: deps
+	@test -f build-sanitize/CMakeCache.txt || cmake --preset sanitize
+	cmake --build build-sanitize -j $(JOBS)
+	cd build-sanitize && ASAN_OPTIONS=detect_stack_use_after_return=1:check_initialization_order=1:strict_init_order=1 \
+		UBSAN_OPTIONS=print_stacktrace=1 ctest --output-on-failure -j $(JOBS)
+
 screenshots: build
 	bash scripts/screenshots.sh $(BUILD_DIR)
 
@@ -45,4 +53,4 @@ format:
 	find src tests bench fuzz -name '*.cpp' -o -name '*.h' | xargs clang-format -i
 
 clean:
-	rm -rf $(BUILD_DIR) build-bench build-fuzz
+	rm -rf $(BUILD_DIR) build-bench build-fuzz build-sanitize
