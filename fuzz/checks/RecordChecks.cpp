@@ -15,6 +15,7 @@ namespace orr::fuzz {
 namespace {
 
 constexpr const char* kSystemName = "Fuzz";
+constexpr std::size_t kLookups = 8;  // records looked up by key: each lookup reads the file
 
 // The display name as the writer puts it into a record line: quotes and line ends cannot stand
 // inside the quoted text.
@@ -75,6 +76,32 @@ std::string checkSystemList(std::string_view input) {
             again += RecordFields::planetFields(system.record.planet(n)) + "\r\n";
         }
     }
+
+    // The game's lookup finds each of the first records by its key, and the Add System dialog
+    // offers every record whose name has no "#" (there is no descriptor yet).
+    const GameFolder folder(ScratchFolder::path());
+    std::vector<std::string> offerable;
+    for (std::size_t i = 0; i < listed.size(); ++i) {
+        const ListedSystem& system = listed[i];
+        if (system.record.DisplayName.find('#') == std::string::npos) {
+            offerable.push_back(system.key);
+        }
+        const bool earlier =
+            std::any_of(listed.begin(), listed.begin() + i,
+                        [&](const ListedSystem& s) { return s.key == system.key; });
+        if (i >= kLookups || earlier) continue;
+        SystemRecord found;
+        if (!FindListedSystem(folder, system.key, found) || found.Name != system.key ||
+            found.DisplayName != system.record.DisplayName ||
+            found.StarType != system.record.StarType ||
+            found.PlanetCount != system.record.PlanetCount ||
+            !std::equal(found.Planets.begin(), found.Planets.begin() + found.PlanetCount,
+                        system.record.Planets.begin())) {
+            return "looking up " + shown(system.key) + " gives " + describe(found) +
+                   " instead of " + describe(system.record);
+        }
+    }
+    if (OfferedSystems(folder) != offerable) return "the Add System dialog offers other records";
 
     // Written again in the writer's own form, the list reads back as it was read.
     if (!writeFileAtomically(file, again)) return "the scratch file cannot be written";
