@@ -31,12 +31,13 @@ bench: deps
 	cmake --build build-bench -j $(JOBS) --target orrerion-bench
 	bash scripts/run-bench.sh build-bench/bin/orrerion-bench docs/performance.md
 
-# Builds the libFuzzer targets (clang, build-fuzz) and runs each for FUZZ_SECONDS on a seed
-# corpus from demo/ and data/; fails when one finds a crash, a hang or a disagreement.
+# Builds the libFuzzer targets (clang, build-fuzz) and runs each for FUZZ_SECONDS (JOBS at a
+# time) on a seed corpus from demo/ and data/; fails when one finds a crash, a hang or a
+# disagreement.
 fuzz: deps
 	@test -f build-fuzz/CMakeCache.txt || cmake --preset fuzz
 	cmake --build build-fuzz -j $(JOBS)
-	bash scripts/run-fuzz.sh build-fuzz $(FUZZ_SECONDS)
+	bash scripts/run-fuzz.sh build-fuzz $(FUZZ_SECONDS) $(JOBS)
 
 # The core and command-line tests built with AddressSanitizer and UndefinedBehaviorSanitizer
 # (build-sanitize); any finding fails its test.

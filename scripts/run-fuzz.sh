@@ -2,7 +2,7 @@
 # Runs every fuzz target of a fuzz build for a set time, each on a seed corpus made from demo/,
 # data/ and fuzz/seeds/, and fails when a target finds a crash, a hang or a disagreement.
 #
-#   run-fuzz.sh <build-dir> <seconds-per-target>
+#   run-fuzz.sh <build-dir> <seconds-per-target> [targets-at-a-time]
 #
 # Everything generated stays in the build folder: corpus/<target> (the seeds and what libFuzzer
 # adds to them, kept between runs), findings/<target> (the inputs that failed) and logs/.
@@ -10,13 +10,14 @@
 # where the core tests replay it.
 set -euo pipefail
 
-if [ $# -ne 2 ]; then
-    echo "usage: $0 <build-dir> <seconds-per-target>" >&2
+if [ $# -lt 2 ] || [ $# -gt 3 ]; then
+    echo "usage: $0 <build-dir> <seconds-per-target> [targets-at-a-time]" >&2
     exit 2
 fi
 cd "$(dirname "$0")/.."
 build=$(cd "$1" && pwd)
 seconds=$2
+jobs=${3:-1}
 corpus=$build/corpus
 findings=$build/findings
 logs=$build/logs
@@ -46,7 +47,7 @@ seed SystemList demo/game/SOLARSYS.TXT
 seed SpecialCodes data/SPECIAL.LST
 seed Cp1252 "${descriptors[@]}" demo/game/SOLARSYS.TXT demo/game/aliens.txt data/SPECIAL.LST
 for dir in fuzz/seeds/*/; do
-    [ -d "$dir" ] && seed "$(basename -- "$dir")" "$dir"*
+    if [ -d "$dir" ]; then seed "$(basename -- "$dir")" "$dir"*; fi
 done
 
 # The message lines of the demo descriptors, one "<key>=<line>" per file, and one line per code
@@ -71,14 +72,32 @@ awk -v out="$corpus/MessageCodec" '
     }
 ' data/SPECIAL.LST
 
-failed=()
-for binary in "$build"/bin/fuzz_*; do
-    target=${binary##*/fuzz_}
+# fuzz <target>: runs one target; its exit status is the target's.
+fuzz() {
+    local target=$1
     mkdir -p "$findings/$target"
-    log=$logs/$target.log
-    if "$binary" -max_total_time="$seconds" -timeout=10 -rss_limit_mb=2048 \
+    "$build/bin/fuzz_$target" -max_total_time="$seconds" -timeout=10 -rss_limit_mb=2048 \
         -artifact_prefix="$findings/$target/" -print_final_stats=1 \
-        "$corpus/$target" >"$log" 2>&1; then
+        "$corpus/$target" >"$logs/$target.log" 2>&1
+}
+
+# Up to `jobs` targets at a time; each leaves its exit status in logs/<target>.status.
+targets=()
+for binary in "$build"/bin/fuzz_*; do targets+=("${binary##*/fuzz_}"); done
+for target in "${targets[@]}"; do
+    while [ "$(jobs -rp | wc -l)" -ge "$jobs" ]; do wait -n || true; done
+    (
+        status=0
+        fuzz "$target" || status=$?
+        echo "$status" >"$logs/$target.status"
+    ) &
+done
+wait
+
+failed=()
+for target in "${targets[@]}"; do
+    log=$logs/$target.log
+    if [ "$(cat "$logs/$target.status")" = 0 ]; then
         runs=$(awk '/^stat::number_of_executed_units:/ { print $2 }' "$log")
         printf '%-14s ok: %s inputs in %s s\n' "$target" "${runs:-?}" "$seconds"
     else
