@@ -1,5 +1,6 @@
 #include "CliSupport.h"
 
+#include <iostream>
 #include <system_error>
 
 #include "Command.h"
@@ -107,69 +108,50 @@ void requireNoWorkingCopy(const SystemStore& store, const std::string& name) {
     }
 }
 
-EditSession::EditSession(SystemStore& store, const std::string& name) : store_(store) {
-    requireNoWorkingCopy(store_, name);
-    store_.record().Name = name;
-    try {
-        // No backup exists (checked above), so the question is never asked.
-        if (!store_.BeginEdit([] { return false; }))
-            fail("The working copy of " + inQuotes(name) + " could not be made.");
-        loaded_ = store_.LoadSystem(name);
-        if (!loaded_.warning.empty()) {
-            throw CliError("Nothing was changed. " + loaded_.warning +
-                           " Open the system in the editor to repair it.");
-        }
-    } catch (...) {
-        discard();
-        throw;
+SystemChange::SystemChange(const GameFolder& folder, const QString& argument) : session_(folder) {
+    const std::string name = existingSystem(session_.store(), argument);
+    requireNoWorkingCopy(session_.store(), name);
+    LoadResult loaded;
+    // No backup exists (checked above), so the question is never asked.
+    if (!session_.open(name, [] { return false; }, &loaded)) {
+        throw CliError(session_.lastError().empty() ? "The system " + inQuotes(name) +
+                                                          " could not be opened."
+                                                    : session_.lastError());
+    }
+    if (!loaded.warning.empty()) {
+        session_.discard();
+        throw CliError(loaded.warning + " Nothing was changed: the editor shows what it can read "
+                                        "of the system and saves it anew.");
     }
 }
 
-EditSession::~EditSession() {
-    if (!committed_) discard();
+SystemChange::~SystemChange() {
+    if (!committed_ && session_.isOpen()) session_.discard();
 }
 
-void EditSession::requireBlock() const {
-    if (!loaded_.blockFound) {
-        throw CliError("The descriptor of " + inQuotes(store_.record().Name) +
-                       " holds no system block, so its planets cannot be changed.");
-    }
-}
-
-int EditSession::planetArgument(const QString& argument, int min) const {
-    const int count = store_.record().PlanetCount;
+int SystemChange::planetArgument(const QString& argument, int min) const {
+    const int count = session_.record().PlanetCount;
     long long value = 0;
     if (!text::parseInteger(bytesOf(argument), -1000000, 1000000, value))
         throw CliError(inQuotes(bytesOf(argument)) + " is not a planet number.");
     if (value < min || value > count) {
         throw CliError("There is no planet " + std::to_string(value) + " in " +
-                       inQuotes(store_.record().Name) + ": " + planetsPhrase(count) + ".");
+                       inQuotes(session_.name()) + ": " + planetsPhrase(count) + ".");
     }
     return static_cast<int>(value);
 }
 
-void EditSession::fail(const std::string& fallback) const {
-    throw CliError(store_.lastError().empty() ? fallback : store_.lastError());
+void SystemChange::require(bool ok, const std::string& fallback) const {
+    if (!ok) throw CliError(session_.lastError().empty() ? fallback : session_.lastError());
 }
 
-void EditSession::commit() {
-    const std::string name = store_.record().Name;
-    if (!store_.SaveSystemBlock()) fail("The system " + inQuotes(name) + " could not be saved.");
-    if (!store_.EndEdit(true)) fail("The system " + inQuotes(name) + " could not be saved.");
+void SystemChange::commit() {
+    const std::string name = session_.name();
+    require(session_.commit(), "The system " + inQuotes(name) + " could not be saved.");
     committed_ = true;
-    // The store deletes the working copy after a successful save; make sure of it.
-    std::error_code error;
-    fs::remove(store_.descriptorPath(name, ".edt"), error);
-}
-
-void EditSession::discard() noexcept {
-    try {
-        if (store_.IsEditing()) store_.EndEdit(false);
-        std::error_code error;
-        fs::remove(store_.descriptorPath(store_.record().Name, ".edt"), error);
-    } catch (...) {
-        // Discarding is the last resort after a failure; the failure is already being reported.
-    }
+    // Saved; a working copy that could not be deleted is reported but changes nothing.
+    if (!session_.lastWarning().empty())
+        std::cerr << "orrerion-cli: warning: " << session_.lastWarning() << '\n';
 }
 
 }  // namespace orr::cli

@@ -1,6 +1,7 @@
 #include "store/FileIo.h"
 
 #include <atomic>
+#include <cctype>
 #include <cerrno>
 #include <chrono>
 #include <cstdio>
@@ -168,6 +169,36 @@ bool copyFileKeepingTime(const fs::path& from, const fs::path& to, std::string* 
     const auto sourcePerms = fs::status(from, ec).permissions();
     return writeAtomically(to, *bytes, time,
                            ec ? std::nullopt : std::optional<fs::perms>(sourcePerms), error);
+}
+
+std::optional<std::string> temporaryTarget(std::string_view fileName) {
+    // "." + target + "." + 12 hexadecimal digits + ".tmp", as temporaryNameFor makes them.
+    constexpr std::size_t kRandom = 12;
+    constexpr std::string_view kEnd = ".tmp";
+    if (fileName.size() < 1 + 1 + 1 + kRandom + kEnd.size() || fileName[0] != '.' ||
+        fileName.substr(fileName.size() - kEnd.size()) != kEnd)
+        return std::nullopt;
+    const std::size_t dot = fileName.size() - kEnd.size() - kRandom - 1;
+    if (fileName[dot] != '.') return std::nullopt;
+    for (char c : fileName.substr(dot + 1, kRandom)) {
+        if (!std::isxdigit(static_cast<unsigned char>(c))) return std::nullopt;
+    }
+    return std::string(fileName.substr(1, dot - 1));
+}
+
+bool removeFile(const fs::path& path, std::string* error) {
+    std::error_code ec;
+    fs::remove(path, ec);
+    if (!ec) return true;
+    return fail(error, "Could not delete " + quotedPath(path) + " (" + ec.message() + ").");
+}
+
+bool renameFile(const fs::path& from, const fs::path& to, std::string* error) {
+    std::error_code ec;
+    fs::rename(from, to, ec);
+    if (!ec) return true;
+    return fail(error, "Could not rename " + quotedPath(from) + " to " + quotedPath(to.filename()) +
+                           " (" + ec.message() + ").");
 }
 
 std::optional<fs::file_time_type> modificationTime(const fs::path& path) {

@@ -21,6 +21,16 @@ bool writeFileAtomically(const fs::path& path, std::string_view bytes,
 // Copies `from` over `to` atomically; the copy keeps the source's modification time.
 bool copyFileKeepingTime(const fs::path& from, const fs::path& to, std::string* error = nullptr);
 
+// Deletes a file; a file that is not there counts as deleted.
+bool removeFile(const fs::path& path, std::string* error = nullptr);
+
+// Renames a file, replacing a file of the new name.
+bool renameFile(const fs::path& from, const fs::path& to, std::string* error = nullptr);
+
+// The file a hidden temporary file of an atomic write was meant to replace: "Sol.orb" for
+// ".Sol.orb.0123abcd4567.tmp"; nullopt when the name is not of that form.
+std::optional<std::string> temporaryTarget(std::string_view fileName);
+
 // The path in double quotes, as messages name files.
 std::string quotedPath(const fs::path& path);
 

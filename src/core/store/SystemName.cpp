@@ -1,5 +1,6 @@
 #include "store/SystemName.h"
 
+#include <algorithm>
 #include <array>
 
 #include "text/Text.h"
@@ -57,6 +58,30 @@ std::optional<std::string> CheckSystemName(std::string_view name) {
         return reason;
     }
     return std::nullopt;
+}
+
+std::string EncodeStarArgument(const std::string& key) {
+    constexpr std::size_t kArgumentWidth = 21;
+    const long long value = text::leadingValue(key);
+    std::string argument;
+    if (value > 0 && value < 254) {
+        // The planet count becomes one character; the digits it replaces are as many as the
+        // number has.
+        const std::size_t digits = std::to_string(value).size();
+        argument =
+            std::string(1, static_cast<char>(value)) + key.substr(std::min(digits, key.size()));
+    } else if (value >= 254) {
+        const long long firstTwo = text::leadingValue(key.substr(0, 2));
+        argument = std::string(1, static_cast<char>(firstTwo)) +
+                   key.substr(std::min<std::size_t>(2, key.size()));
+    } else if (value == 0 && !key.empty() && key[0] == '0') {
+        argument = std::string(1, '\0') + key.substr(1);
+    } else {
+        argument = std::string(1, static_cast<char>(254)) + key;
+    }
+    argument = text::fitWidth(argument, kArgumentWidth);
+    for (char& c : argument) c = static_cast<char>(255 - static_cast<unsigned char>(c));
+    return argument;
 }
 
 }  // namespace orr

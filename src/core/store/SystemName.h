@@ -14,4 +14,9 @@ namespace orr {
 // an extension).
 std::optional<std::string> CheckSystemName(std::string_view name);
 
+// The game's start argument for a system key: 21 characters (8-bit codes). A custom system passes
+// the marker 254 and its name, a replacement of a listed system its planet count as one
+// character and its name; every character is then inverted (255 - code).
+std::string EncodeStarArgument(const std::string& key);
+
 }  // namespace orr

@@ -4,7 +4,6 @@
 #include <system_error>
 
 #include "store/RecordFields.h"
-#include "store/SystemOperations.h"
 #include "store/SystemStore.h"
 #include "text/Text.h"
 

@@ -56,6 +56,7 @@ bool SystemStore::BeginEdit(const std::function<bool()>& askUseBackup) {
 }
 
 bool SystemStore::EndEdit(bool save) {
+    lastWarning_.clear();
     if (!IsEditing()) return true;
     const fs::path working = descriptorPath(record_.Name, kWorking);
     const fs::path saved = descriptorPath(record_.Name, kSaved);
@@ -71,8 +72,12 @@ bool SystemStore::EndEdit(bool save) {
     fs::remove(working, ec);
     profiles_.forget(working);
     if (ec) {
-        return fail("The working copy \"" + working.filename().string() +
-                    "\" could not be deleted: " + ec.message() + ".");
+        const std::string problem = "The working copy \"" + working.filename().string() +
+                                    "\" could not be deleted: " + ec.message() + ".";
+        if (!save) return fail(problem);
+        // The saved descriptor already holds every change: the save stands.
+        lastWarning_ = "The system was saved. " + problem +
+                       " The next opening offers it as a backup; answer No to discard it.";
     }
     return true;
 }

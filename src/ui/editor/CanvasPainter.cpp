@@ -42,6 +42,11 @@ void CanvasPainter::paintBelt(QPainter& painter, const Scene& scene, int planet,
 
 void CanvasPainter::paint(QPainter& painter, const QRectF& area, const Scene& scene) {
     painter.fillRect(area, paletteColour(kBackgroundColour));
+    if (!scene.star.isNull()) {
+        // Nearest neighbour: a 16 x 16 picture stays pixel-sharp when enlarged.
+        painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
+        painter.drawImage(scene.starRect, scene.star);
+    }
     if (!scene.record || scene.unitsPerPixel <= 0) return;
     const SystemRecord& record = *scene.record;
     const int count = std::clamp<int>(record.PlanetCount, 0, kMaxPlanets);

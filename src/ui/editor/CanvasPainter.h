@@ -1,8 +1,10 @@
 #pragma once
-// Paints the open system as seen from above: orbits, asteroid belts and planet discs round the
-// star. Works in canvas units; the caller says where the star is and how many units a pixel is.
+// Paints the open system as seen from above: the star, then orbits, asteroid belts and planet
+// discs round it, so planets always stand above the star. Works in canvas units; the caller says
+// where the star is and how many units a pixel is.
 
 #include <QColor>
+#include <QImage>
 #include <QPointF>
 #include <QRectF>
 
@@ -30,6 +32,8 @@ class CanvasPainter {
         bool displayAsteroids = true;
         QPointF starCentre;  // in pixels
         double unitsPerPixel = 15;
+        QImage star;         // drawn under the planets, in starRect (pixels)
+        QRectF starRect;
     };
 
     // Clears the painter's whole area to space and draws the scene.

@@ -43,14 +43,14 @@ int kindOf(Direction direction) {
 
 }  // namespace
 
-MessageEditSession::MessageEditSession(frmMessages& window, SystemStore& store,
+MessageEditSession::MessageEditSession(frmMessages& window, EditSession& session,
                                        MessageLineForm& form, const SpecialCodeList& codes)
-    : w_(window), store_(store), form_(form), codes_(codes) {}
+    : w_(window), session_(session), form_(form), codes_(codes) {}
 
 void MessageEditSession::setPlanet(int planet) {
     if (messages_ && planet == planet_) return;
     planet_ = planet;
-    messages_ = std::make_unique<PlanetMessageStore>(store_, planet);
+    messages_ = std::make_unique<PlanetMessageStore>(session_.store(), planet);
 }
 
 MessageStore& MessageEditSession::messages() {
@@ -67,7 +67,7 @@ bool MessageEditSession::activated() {
         skipMark_ = false;
         return false;
     }
-    const std::string name = store_.record().DisplayName;
+    const std::string name = session_.record().DisplayName;
     if (planet_ == loadedPlanet_ && name == loadedName_ && !reloadMark_) return false;
     reload();
     return true;
@@ -76,7 +76,7 @@ bool MessageEditSession::activated() {
 void MessageEditSession::reload() {
     groups_.clear();
     loadedPlanet_ = planet_;
-    loadedName_ = store_.record().DisplayName;
+    loadedName_ = session_.record().DisplayName;
     lastGroup_.clear();
     switchDirection(Direction::Information, {}, false);
     {

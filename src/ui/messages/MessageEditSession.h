@@ -18,7 +18,8 @@
 #include "messages/MessageList.h"
 #include "messages/PlanetMessageStore.h"
 #include "messages/SpecialCodeList.h"
-#include "store/SystemStore.h"
+#include "session/EditSession.h"
+#include "session/MessageEdits.h"
 
 namespace orr::ui {
 
@@ -33,7 +34,7 @@ class MessageEditSession {
     static inline const QString kClearQuestion =
         QStringLiteral("Are you sure you want to clear all messages in this group?");
 
-    MessageEditSession(frmMessages& window, SystemStore& store, MessageLineForm& form,
+    MessageEditSession(frmMessages& window, EditSession& session, MessageLineForm& form,
                        const SpecialCodeList& codes);
 
     void setPlanet(int planet);
@@ -95,6 +96,7 @@ class MessageEditSession {
     };
 
     MessageList list();
+    MessageListRef listRef() const { return {planet_, group_, direction_}; }
     void reload();
     // Switches to `direction` and shows `wanted` (or the fallbacks); `create` makes the group
     // when it is not listed, as Go to Answer does.
@@ -132,7 +134,7 @@ class MessageEditSession {
     bool confirm(const QString& question);
 
     frmMessages& w_;
-    SystemStore& store_;
+    EditSession& session_;
     MessageLineForm& form_;
     const SpecialCodeList& codes_;
     int planet_ = 0;

@@ -16,6 +16,7 @@
 #include "messages/MessageEditRules.h"
 #include "messages/MessageEditSession.h"
 #include "messages/MessageLineForm.h"
+#include "session/PlanetEdits.h"
 #include "messages/frmMessages.h"
 #include "platform/Prompts.h"
 #include "platform/QtText.h"
@@ -157,7 +158,8 @@ void MessageEditSession::save() {
     if (!storableOrRefused(typedForLine())) return;
     const std::string text = editedText();
     if (direction_ == Direction::Information) {
-        if (!report(list().store(1, text))) return;  // an empty text deletes "Info"
+        // An empty text deletes "Info".
+        if (!report(storeMessageLine(session_, listRef(), 1, text))) return;
         {
             const Loading loading(loading_);
             w_.lstMessages->clear();
@@ -176,8 +178,9 @@ void MessageEditSession::save() {
 
     const std::string stored = ComposeMessage(line, direction_, group_);
     const int index = editIndex_;
-    MessageList lines = list();
-    if (!report(index >= 0 ? lines.store(index + 1, stored) : lines.append(stored))) return;
+    if (!report(index >= 0 ? storeMessageLine(session_, listRef(), index + 1, stored)
+                           : appendMessageLine(session_, listRef(), stored)))
+        return;
 
     // The answer group is a known group from now on, so Go to Answer and the lists find it.
     const std::string answer = line.answerGroup.empty() ? group_ : line.answerGroup;
@@ -207,7 +210,7 @@ void MessageEditSession::cancel() {
 void MessageEditSession::deleteEdited() {
     if (!editing_) return;
     if (direction_ == Direction::Information) {
-        if (!report(list().remove(1))) return;
+        if (!report(storeMessageLine(session_, listRef(), 1, ""))) return;
         {
             const Loading loading(loading_);
             w_.lstMessages->clear();
@@ -232,7 +235,7 @@ void MessageEditSession::removeLine() {
 }
 
 void MessageEditSession::removeRow(int row) {
-    if (!report(list().remove(row + 1))) return;
+    if (!report(removeMessageLine(session_, listRef(), row + 1))) return;
     {
         const Loading loading(loading_);
         w_.txtMessage->clear();
@@ -246,7 +249,7 @@ void MessageEditSession::removeRow(int row) {
 void MessageEditSession::clearAll() {
     if (editing_ || direction_ == Direction::Information || w_.lstMessages->count() < 1) return;
     if (!confirm(kClearQuestion)) return;
-    if (!report(list().clearAll())) return;
+    if (!report(clearMessageLines(session_, listRef()))) return;
     {
         const Loading loading(loading_);
         w_.lstMessages->clear();
@@ -261,7 +264,7 @@ void MessageEditSession::swapLine(int which) {
     const int row = w_.lstMessages->currentRow();
     const int other = which == 0 ? row - 1 : row + 1;
     if (row < 0 || other < 0 || other >= w_.lstMessages->count()) return;
-    if (!report(list().swap(std::min(row, other) + 1))) return;
+    if (!report(swapMessageLines(session_, listRef(), std::min(row, other) + 1, which == 1))) return;
     {
         const Loading loading(loading_);
         QListWidgetItem* moved = w_.lstMessages->item(row);
@@ -328,7 +331,7 @@ void MessageEditSession::updateLength() {
 }
 
 void MessageEditSession::customSwitchClicked(bool on) {
-    if (report(store_.SetGeneralFlag(kMessagesFlag, planet_, store_.record().PlanetCount, on)))
+    if (report(setPlanetFlag(session_, kMessagesFlag, planet_, on)))
         return;
     const QSignalBlocker blocker(w_.chkCustom);
     w_.chkCustom->setChecked(!on);
@@ -342,9 +345,9 @@ void MessageEditSession::close() {
 bool MessageEditSession::report(bool ok) {
     if (ok) return true;
     MessagePrompt prompt;
-    prompt.text = store_.lastError().empty()
+    prompt.text = session_.lastError().empty()
                       ? QStringLiteral("The change could not be written to the system's file.")
-                      : toQString(store_.lastError());
+                      : toQString(session_.lastError());
     prompt.icon = PromptIcon::Exclamation;
     prompts().message(&w_, prompt);
     return false;

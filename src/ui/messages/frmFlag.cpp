@@ -13,13 +13,14 @@
 
 #include "messages/Flags.h"
 #include "messages/PlanetMessageStore.h"
+#include "session/MessageEdits.h"
 #include "messages/SpecialEntry.h"
 #include "platform/Prompts.h"
 #include "platform/QtText.h"
 
 namespace orr::ui {
 
-frmFlag::frmFlag(SystemStore& store, QWidget* parent) : QDialog(parent), store_(store) {
+frmFlag::frmFlag(EditSession& session, QWidget* parent) : QDialog(parent), session_(session) {
     setObjectName(QStringLiteral("frmFlag"));
     setWindowTitle(kCaption);
     setModal(true);
@@ -68,7 +69,7 @@ QString frmFlag::chosenFlag() const {
 }
 
 void frmFlag::LoadFlags() {
-    PlanetMessageStore messages(store_, planet_);
+    PlanetMessageStore messages(session_.store(), planet_);
     {
         const QSignalBlocker blocker(cboFlag);
         cboFlag->clear();
@@ -129,12 +130,11 @@ void frmFlag::cmdOK_Click() {
         return;
     }
     const char flag = FlagChar(index);
-    PlanetMessageStore messages(store_, planet_);
-    if (!SaveFlagDescription(messages, flag, description)) {
+    if (!setFlagDescription(session_, planet_, flag, description)) {
         MessagePrompt prompt;
-        prompt.text = store_.lastError().empty()
+        prompt.text = session_.lastError().empty()
                           ? QStringLiteral("The flag's description could not be written.")
-                          : toQString(store_.lastError());
+                          : toQString(session_.lastError());
         prompt.icon = PromptIcon::Exclamation;
         prompts().message(this, prompt);
         return;

@@ -25,18 +25,20 @@
 #include "messages/SpecialCodesPanel.h"
 #include "messages/frmFlag.h"
 #include "messages/frmSystem.h"
+#include "session/MessageEdits.h"
 #include "platform/Prompts.h"
 #include "platform/QtText.h"
 
 namespace orr::ui {
 
-frmMessages::frmMessages(SystemStore& store, QWidget* parent) : QDialog(parent), store_(store) {
+frmMessages::frmMessages(EditSession& session, QWidget* parent)
+    : QDialog(parent), editSession_(session) {
     setObjectName(QStringLiteral("frmMessages"));
     setWindowTitle(kCaptionPrefix);
     setModal(true);
     buildControls();
     form_ = std::make_unique<MessageLineForm>(*this);
-    session_ = std::make_unique<MessageEditSession>(*this, store_, *form_, codes_);
+    session_ = std::make_unique<MessageEditSession>(*this, editSession_, *form_, codes_);
     fraActions->setChoosers(
         {[this](int index) { return chooseSystem(index); },
          [this](const std::string& flag) { return toBytes(GetFlagChar(toQString(flag))); }});
@@ -45,9 +47,15 @@ frmMessages::frmMessages(SystemStore& store, QWidget* parent) : QDialog(parent),
     form_->reset();
     form_->setOptionsEnabled(false);
     form_->hideError();
+    // Another system opened: the next opening reads the groups again.
+    listener_ = editSession_.subscribe([this](const ChangeNotice& notice) {
+        if (notice.has(kSystemOpened)) markForReload();
+    });
 }
 
-frmMessages::~frmMessages() = default;
+frmMessages::~frmMessages() {
+    editSession_.unsubscribe(listener_);
+}
 
 void frmMessages::setProgramSpecialList(std::filesystem::path path) {
     programSpecialList_ = std::move(path);
@@ -62,7 +70,7 @@ void frmMessages::loadSpecialCodes() {
             std::filesystem::path(QCoreApplication::applicationDirPath().toStdU16String()) /
             kSpecialListFile;
     }
-    SpecialCodeLoad load = orr::loadSpecialCodes(store_.folder(), programCopy);
+    SpecialCodeLoad load = orr::loadSpecialCodes(editSession_.folder(), programCopy);
     codes_ = std::move(load.list);
     fraActions->setCodes(codes_);
     if (!load.problem.empty()) {
@@ -123,7 +131,7 @@ void frmMessages::setPopupRunner(PopupRunner runner) {
 }
 
 frmFlag& frmMessages::flagChooser() {
-    if (!flagChooser_) flagChooser_ = new frmFlag(store_, this);
+    if (!flagChooser_) flagChooser_ = new frmFlag(editSession_, this);
     return *flagChooser_;
 }
 
@@ -153,7 +161,7 @@ int frmMessages::chooseSystem(int index) {
 }
 
 bool frmMessages::putPlanetKey(const char* key, const QString& value) {
-    return session_->messages().PutMessage(key, toBytes(value));
+    return putPlanetKeys(editSession_, planet(), "Change Restrictions", {{key, toBytes(value)}});
 }
 
 namespace {

@@ -20,7 +20,7 @@
 #include <memory>
 
 #include "messages/SpecialCodeList.h"
-#include "store/SystemStore.h"
+#include "session/EditSession.h"
 
 class QAction;
 class QCheckBox;
@@ -60,7 +60,7 @@ class frmMessages : public QDialog {
         QStringLiteral("%NM"), QStringLiteral("%RK"), QStringLiteral("%AN"), QStringLiteral("%BG"),
         QStringLiteral("%VK")};
 
-    explicit frmMessages(SystemStore& store, QWidget* parent = nullptr);
+    explicit frmMessages(EditSession& session, QWidget* parent = nullptr);
     ~frmMessages() override;
 
     // The program's own SPECIAL.LST, used when the game folder has none. Defaults to the file
@@ -184,7 +184,8 @@ class frmMessages : public QDialog {
     void showListMenu(const QPoint& pos);
     bool putPlanetKey(const char* key, const QString& value);
 
-    SystemStore& store_;
+    EditSession& editSession_;
+    int listener_ = 0;
     std::filesystem::path programSpecialList_;
     SpecialCodeList codes_;
     bool codesLoaded_ = false;
