@@ -106,32 +106,31 @@ ProfileDocument ProfileDocument::parse(std::string_view bytes) {
     while (pos < size) {
         std::size_t end = pos;
         while (end < size && bytes[end] != '\r' && bytes[end] != '\n') ++end;
-        std::size_t eolLength = 0;
+        doc.lines_.push_back(Line{std::string(bytes.substr(pos, end - pos))});
+        // CR LF, LF and CR each end a line; serialize() writes CR LF for all of them.
         if (end < size)
-            eolLength = (bytes[end] == '\r' && end + 1 < size && bytes[end + 1] == '\n') ? 2 : 1;
-        doc.lines_.push_back(Line{std::string(bytes.substr(pos, end - pos)),
-                                  std::string(bytes.substr(end, eolLength))});
-        pos = end + eolLength;
+            end += (bytes[end] == '\r' && end + 1 < size && bytes[end + 1] == '\n') ? 2 : 1;
+        pos = end;
     }
     return doc;
 }
 
 std::string ProfileDocument::serialize() const {
     std::size_t total = 0;
-    for (const Line& line : lines_) total += line.text.size() + line.eol.size();
+    for (const Line& line : lines_) total += line.text.size() + kCrLf.size();
     for (const auto& [anchor, pending] : pendingAfter_) {
-        for (const Line& line : pending) total += line.text.size() + line.eol.size();
+        for (const Line& line : pending) total += line.text.size() + kCrLf.size();
     }
     std::string out;
     out.reserve(total);
     auto pending = pendingAfter_.begin();
     for (std::size_t i = 0; i < lines_.size(); ++i) {
         out += lines_[i].text;
-        out += lines_[i].eol;
+        out += kCrLf;
         if (pending != pendingAfter_.end() && pending->first == i) {
             for (const Line& line : pending->second) {
                 out += line.text;
-                out += line.eol;
+                out += kCrLf;
             }
             ++pending;
         }
@@ -162,14 +161,9 @@ void ProfileDocument::writeValue(std::string_view section, std::string_view key,
     const std::string name = lookupName(key);
     const auto found = idx.byName.find(sectionName);
     if (found == idx.byName.end()) {
-        // A new section goes at the end, on a line of its own.
-        if (!lines_.empty()) {
-            const auto last = pendingAfter_.find(lines_.size() - 1);
-            Line& lastLine = last != pendingAfter_.end() ? last->second.back() : lines_.back();
-            if (lastLine.eol.empty()) lastLine.eol = kCrLf;
-        }
-        lines_.push_back(Line{bracketed(section), std::string(kCrLf)});
-        lines_.push_back(Line{std::move(text), std::string(kCrLf)});
+        // A new section goes at the end, on lines of its own.
+        lines_.push_back(Line{bracketed(section)});
+        lines_.push_back(Line{std::move(text)});
         Index::Section added{lines_.size() - 2, lines_.size() - 1, {}};
         added.keys.emplace(name, Index::LineRef{lines_.size() - 1, 0});
         idx.sections.push_back(std::move(added));
@@ -178,18 +172,13 @@ void ProfileDocument::writeValue(std::string_view section, std::string_view key,
         Index::Section& s = idx.sections[found->second];
         const auto existing = s.keys.find(name);
         if (existing != s.keys.end()) {
-            // The line keeps its own line end; only its text is replaced.
             lineAt(existing->second.anchor, existing->second.offset).text = std::move(text);
         } else {
             // After the section's last key line, so comments and blank lines that close the
             // section stay below the keys (the system block of [General] relies on it).
             const std::size_t anchor = s.lastKey != kNone ? s.lastKey : s.header;
             std::vector<Line>& pending = pendingAfter_[anchor];
-            if (anchor + 1 == lines_.size()) {
-                Line& before = pending.empty() ? lines_[anchor] : pending.back();
-                if (before.eol.empty()) before.eol = kCrLf;
-            }
-            pending.push_back(Line{std::move(text), std::string(kCrLf)});
+            pending.push_back(Line{std::move(text)});
             s.keys.emplace(name, Index::LineRef{anchor, pending.size()});
         }
     }

@@ -1,6 +1,7 @@
 #pragma once
 // One profile-style ("INI") file in memory, kept byte for byte: lines that no operation changes
-// are written back exactly as they were read, line ends included.
+// are written back exactly as they were read. Only their ends are not kept: every line is written
+// with CR LF, whatever ended it before (LF, CR, or nothing on the last line).
 //
 // Two families of operations, as the file format requires:
 // - readValue/writeValue have the semantics of the platform's profile functions: section and
@@ -24,7 +25,6 @@ class ProfileDocument {
   public:
     struct Line {
         std::string text;  // without its line end
-        std::string eol;   // "\r\n", "\n", "\r", or "" for a last line without an end
     };
 
     ProfileDocument() = default;

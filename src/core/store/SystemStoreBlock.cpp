@@ -234,7 +234,7 @@ bool SystemStore::SaveSystemBlock() {
             }
         }
         std::vector<ProfileDocument::Line> replacement;
-        for (const std::string& text : block) replacement.push_back({text, kCrLf});
+        for (const std::string& text : block) replacement.push_back({text});
         lines.erase(lines.begin() + static_cast<std::ptrdiff_t>(marker),
                     lines.begin() + static_cast<std::ptrdiff_t>(end));
         lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(marker), replacement.begin(),

@@ -200,8 +200,8 @@ TEST_F(DescriptorBlockTest, SaveNeverEatsLinesOutsideTheOldBlock) {
                     "keep=me", ";my note", "[1]", "Hail=Hi"}));
 }
 
-TEST_F(DescriptorBlockTest, SaveKeepsOtherBytesExactly) {
-    // LF-only lines, a NUL byte, 8-bit characters and a 100 KB value elsewhere in the file.
+TEST_F(DescriptorBlockTest, SaveKeepsOtherBytesAndEndsEveryLineInCrLf) {
+    // LF-only lines, a NUL byte, 8-bit characters, a 100 KB value and a last line without an end.
     const std::string longValue(100 * 1024, 'v');
     const std::string before = std::string("[General]\nNote=caf\xe9\0x\n", 22) + ";SolarSystem\n" +
                                ";\"Nova\",0,0\n[1]\nLong=" + longValue + "\nLast=no end";
@@ -209,9 +209,9 @@ TEST_F(DescriptorBlockTest, SaveKeepsOtherBytesExactly) {
     ASSERT_TRUE(store.LoadSystem("Nova").blockFound);
     ASSERT_TRUE(store.SaveSystemBlock());
     const std::string after = readDescriptor("Nova.orb");
-    EXPECT_EQ(after, std::string("[General]\nNote=caf\xe9\0x\n", 22) +
-                         crlf({";SolarSystem", ";\"Nova                \",0,0"}) +
-                         "[1]\nLong=" + longValue + "\nLast=no end");
+    EXPECT_EQ(after, std::string("[General]\r\nNote=caf\xe9\0x\r\n", 24) +
+                         crlf({";SolarSystem", ";\"Nova                \",0,0", "[1]",
+                               "Long=" + longValue, "Last=no end"}));
     EXPECT_EQ(store.ReadKey("1", "Long").size(), kMaxValueLength);
 }
 
