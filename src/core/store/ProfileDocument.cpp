@@ -147,7 +147,13 @@ std::optional<std::string> ProfileDocument::readValue(std::string_view section,
     const auto keyLine = s.keys.find(lookupName(key));
     if (keyLine == s.keys.end()) return std::nullopt;
     const std::string_view text = lineAt(keyLine->second.anchor, keyLine->second.offset).text;
-    return std::string(trimBlanks(text.substr(text.find('=') + 1)));
+    std::string_view value = trimBlanks(text.substr(text.find('=') + 1));
+    // The platform's read drops one pair of quotes around the value, so the game never sees them.
+    if (value.size() >= 2 && (value.front() == '"' || value.front() == '\'') &&
+        value.back() == value.front()) {
+        value = value.substr(1, value.size() - 2);
+    }
+    return std::string(value);
 }
 
 void ProfileDocument::writeValue(std::string_view section, std::string_view key,

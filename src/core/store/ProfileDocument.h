@@ -31,8 +31,9 @@ class ProfileDocument {
     static ProfileDocument parse(std::string_view bytes);
     std::string serialize() const;
 
-    // The value of section/key (first matching section, first matching key), blanks trimmed,
-    // or nullopt when absent. Not cut: callers apply the 254-character read limit.
+    // The value of section/key (first matching section, first matching key), blanks trimmed and
+    // one pair of enclosing quotes (" or ') dropped, or nullopt when absent. Not cut: callers
+    // apply the 254-character read limit.
     std::optional<std::string> readValue(std::string_view section, std::string_view key) const;
 
     // Sets section/key, replacing the first matching key line by key + "=" + value, or adding it.

@@ -65,6 +65,15 @@ TEST(ProfileDocumentTest, ReadsWithTheProfileFunctionsRules) {
     EXPECT_EQ(doc.readValue("General", "Other"), std::nullopt) << "the first [General] wins";
     EXPECT_EQ(doc.readValue("General", "Orphan"), std::nullopt);
 
+    // One pair of quotes that encloses a value is dropped, as the platform's read drops it.
+    const auto quoted =
+        ProfileDocument::parse(crlf({"[Q]", "a = \" two blanks \" ", "b='x'", "c=\"\"x\"\"",
+                                     "d=\"open", "e='mixed\"", "f=\""}));
+    const std::pair<const char*, const char*> values[] = {{"a", " two blanks "}, {"b", "x"},
+                                                          {"c", "\"x\""},        {"d", "\"open"},
+                                                          {"e", "'mixed\""},     {"f", "\""}};
+    for (const auto& [key, value] : values) EXPECT_EQ(quoted.readValue("Q", key), value) << key;
+
     // The raw section test wants the header at the start of the line and compares exactly.
     const auto raw = ProfileDocument::parse("  [Indented]\r\n[Names] ; planet names\r\n[10]\r\n");
     EXPECT_TRUE(raw.sectionExists("Names"));
