@@ -263,21 +263,24 @@ bool ProfileDocument::removeNumberedSection(int n) {
     if (!present) return false;
 
     applyPendingLines();
-    std::vector<Line> kept;
-    kept.reserve(lines_.size());
-    std::size_t i = 0;
     const std::size_t count = lines_.size();
+    std::size_t marker = 0;
+    while (marker < count && !isBlockMarker(lines_[marker].text)) ++marker;
+    std::vector<Line> kept;
+    kept.reserve(count);
+    std::size_t i = 0;
     while (i < count) {
         Line& line = lines_[i++];
         if (!isTarget(line.text)) {
             kept.push_back(std::move(line));
             continue;
         }
-        // Drop the header and its lines; the next header is kept as it is. A section that runs
-        // to the end of the file is dropped up to the end and nothing else goes with it.
+        // Drop the header and its lines; the next header, or the block marker, is kept as it is.
+        // A section that runs to the end of the file is dropped up to the end and nothing else
+        // goes with it.
         while (i < count) {
             Line& inner = lines_[i++];
-            if (startsRawSection(inner.text)) {
+            if (startsRawSection(inner.text) || i - 1 == marker) {
                 kept.push_back(std::move(inner));
                 break;
             }
@@ -286,6 +289,10 @@ bool ProfileDocument::removeNumberedSection(int n) {
     lines_.swap(kept);
     index_.reset();
     return true;
+}
+
+bool ProfileDocument::isBlockMarker(std::string_view line) {
+    return !line.empty() && line[0] == ';' && line.find("SolarSystem") != std::string_view::npos;
 }
 
 const std::vector<ProfileDocument::Line>& ProfileDocument::lines() const {

@@ -45,7 +45,12 @@ class ProfileDocument {
     // Returns whether anything was removed.
     bool deleteKey(std::string_view section, std::string_view key);
     // Removes the numbered section [n] with all its lines. [General] and [Names] (value 0) stay.
+    // The descriptor's system block ends a section: a block after [n] is no line of [n].
     bool removeNumberedSection(int n);
+
+    // The marker line of a descriptor's system block: a comment line naming "SolarSystem". The
+    // first such line of a file is the one that counts.
+    static bool isBlockMarker(std::string_view line);
 
     // Direct access for the descriptor's own line rewrites (system block, planet swap). Call
     // linesChanged() after changing the lines so the index is rebuilt.

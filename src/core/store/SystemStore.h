@@ -118,6 +118,8 @@ class SystemStore {
     std::string extension_ = ".orb";
     std::vector<std::string> descriptorList_{""};
     std::string lastError_;
+    // Whether the last ReadSystemBlock found a block: a block save that then finds none fails.
+    bool blockLoaded_ = false;
     // Where descriptorPath found each file name; looked up again when the file has gone.
     mutable std::map<std::string, fs::path> resolvedPaths_;
 

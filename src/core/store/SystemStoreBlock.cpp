@@ -23,7 +23,7 @@ bool isCommentLine(const ProfileDocument::Line& line) {
 // merely mentions "SolarSystem" is no marker.
 std::size_t findMarker(const std::vector<ProfileDocument::Line>& lines) {
     for (std::size_t i = 0; i < lines.size(); ++i) {
-        if (isCommentLine(lines[i]) && lines[i].text.find(kMarker) != std::string::npos) return i;
+        if (ProfileDocument::isBlockMarker(lines[i].text)) return i;
     }
     return lines.size();
 }
@@ -144,6 +144,7 @@ void SystemStore::showNothingRead() {
 
 LoadResult SystemStore::ReadSystemBlock() {
     LoadResult result;
+    blockLoaded_ = false;
     const fs::path path = openDescriptorPath();
     std::error_code ec;
     if (!fs::is_regular_file(path, ec)) return result;
@@ -157,6 +158,7 @@ LoadResult SystemStore::ReadSystemBlock() {
     const std::vector<ProfileDocument::Line>& lines = doc->lines();
     const std::size_t marker = findMarker(lines);
     if (marker == lines.size()) return result;  // no block: the record keeps its values
+    blockLoaded_ = true;
 
     std::string reason = "the header line is missing";
     std::optional<RecordFields::Header> header;
@@ -215,10 +217,16 @@ LoadResult SystemStore::ReadSystemBlock() {
 
 bool SystemStore::SaveSystemBlock() {
     const std::vector<std::string> block = blockLines(record_);
-    return rewriteOpenDescriptor([&](ProfileDocument& doc) {
+    bool gone = false;
+    const bool written = rewriteOpenDescriptor([&](ProfileDocument& doc) {
         std::vector<ProfileDocument::Line>& lines = doc.mutableLines();
         const std::size_t marker = findMarker(lines);
-        if (marker == lines.size()) return false;  // no block to replace: the file stays
+        if (marker == lines.size()) {
+            // A file that never had a block stays without one; one whose block went missing
+            // since it was read must not pass for saved.
+            gone = blockLoaded_;
+            return false;
+        }
 
         // The old block is the marker, its header and at most as many planet lines as the
         // header claims; a line that is no comment ends it early, so nothing else is lost.
@@ -242,6 +250,12 @@ bool SystemStore::SaveSystemBlock() {
         doc.linesChanged();
         return true;
     });
+    if (written && gone) {
+        return fail("The planets of " + record_.Name +
+                    " were not saved because the system block is missing from the descriptor; "
+                    "nothing was written.");
+    }
+    return written;
 }
 
 bool SystemStore::AddPlanet() {

@@ -61,6 +61,14 @@ TEST_F(DescriptorBlockTest, ListedSystemWithoutBlockTakesTheListValues) {
     const std::string bytes = readDescriptor("Plain.orb");
     EXPECT_TRUE(store.SaveSystemBlock());
     EXPECT_EQ(readDescriptor("Plain.orb"), bytes);
+
+    // A block that was read and is gone by the save is no success.
+    writeDescriptor("Nova", novaText());
+    store.LoadSystem("Nova");
+    writeDescriptor("Nova", crlf({"[General]", "[1]"}));
+    EXPECT_FALSE(store.SaveSystemBlock());
+    EXPECT_NE(store.lastError().find("block is missing"), std::string::npos) << store.lastError();
+    EXPECT_EQ(readDescriptor("Nova.orb"), crlf({"[General]", "[1]"}));
 }
 
 TEST_F(DescriptorBlockTest, DamagedHeaderKeepsNothingOfThePreviousSystem) {

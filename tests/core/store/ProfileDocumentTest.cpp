@@ -157,6 +157,12 @@ TEST(ProfileDocumentTest, RemoveNumberedSectionComparesTheLeadingNumber) {
     EXPECT_TRUE(doc.removeNumberedSection(3));
     EXPECT_EQ(doc.serialize(), kDescriptor + crlf({"[12]", "x=12"}));
 
+    // The system block after a section is not part of it.
+    doc = ProfileDocument::parse(
+        crlf({"[General]", "[1]", "a=1", ";SolarSystem", ";\"X\",0,0", "[2]", "b=2"}));
+    EXPECT_TRUE(doc.removeNumberedSection(1));
+    EXPECT_EQ(doc.serialize(), crlf({"[General]", ";SolarSystem", ";\"X\",0,0", "[2]", "b=2"}));
+
     // At the end of the file only that section goes; a new one is appended afresh.
     doc = ProfileDocument::parse("[1]\r\na=1\n[2]\r\nb=2\r\nc=3");
     EXPECT_TRUE(doc.removeNumberedSection(2));
