@@ -66,6 +66,17 @@ class StoreCommandsPlanetTest : public QObject {
                        "Info=one", "[1]", "Info=three"}));
     }
 
+    // In an older file the block follows a planet section; deleting that planet keeps the block.
+    void deletePlanetKeepsABlockAfterItsSection() {
+        cli.write(kVega, crlf({"[General]", "PlanetPics=NN", "Messages=NN", "[2]", "Info=two",
+                               ";SolarSystem", ";\"Vega                \",3,2", ";400,2,0,0,1,0",
+                               ";430,2,0,0,1,0", "[Names]", "S=Bright star"}));
+        cli.ok({"delete-planet", "Vega", "2"});
+        QCOMPARE(cli.read(kVega), crlf({"[General]", "PlanetPics=N", "Messages=N", ";SolarSystem",
+                                        ";\"Vega                \",3,1", ";400,2,0,0,1,0",
+                                        "[Names]", "S=Bright star"}));
+    }
+
     void refusalsAreOneLineAndChangeNothing_data() {
         QTest::addColumn<QStringList>("command");
         QTest::addColumn<QString>("reason");

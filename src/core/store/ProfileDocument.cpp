@@ -106,32 +106,31 @@ ProfileDocument ProfileDocument::parse(std::string_view bytes) {
     while (pos < size) {
         std::size_t end = pos;
         while (end < size && bytes[end] != '\r' && bytes[end] != '\n') ++end;
-        std::size_t eolLength = 0;
+        doc.lines_.push_back(Line{std::string(bytes.substr(pos, end - pos))});
+        // CR LF, LF and CR each end a line; serialize() writes CR LF for all of them.
         if (end < size)
-            eolLength = (bytes[end] == '\r' && end + 1 < size && bytes[end + 1] == '\n') ? 2 : 1;
-        doc.lines_.push_back(Line{std::string(bytes.substr(pos, end - pos)),
-                                  std::string(bytes.substr(end, eolLength))});
-        pos = end + eolLength;
+            end += (bytes[end] == '\r' && end + 1 < size && bytes[end + 1] == '\n') ? 2 : 1;
+        pos = end;
     }
     return doc;
 }
 
 std::string ProfileDocument::serialize() const {
     std::size_t total = 0;
-    for (const Line& line : lines_) total += line.text.size() + line.eol.size();
+    for (const Line& line : lines_) total += line.text.size() + kCrLf.size();
     for (const auto& [anchor, pending] : pendingAfter_) {
-        for (const Line& line : pending) total += line.text.size() + line.eol.size();
+        for (const Line& line : pending) total += line.text.size() + kCrLf.size();
     }
     std::string out;
     out.reserve(total);
     auto pending = pendingAfter_.begin();
     for (std::size_t i = 0; i < lines_.size(); ++i) {
         out += lines_[i].text;
-        out += lines_[i].eol;
+        out += kCrLf;
         if (pending != pendingAfter_.end() && pending->first == i) {
             for (const Line& line : pending->second) {
                 out += line.text;
-                out += line.eol;
+                out += kCrLf;
             }
             ++pending;
         }
@@ -148,7 +147,13 @@ std::optional<std::string> ProfileDocument::readValue(std::string_view section,
     const auto keyLine = s.keys.find(lookupName(key));
     if (keyLine == s.keys.end()) return std::nullopt;
     const std::string_view text = lineAt(keyLine->second.anchor, keyLine->second.offset).text;
-    return std::string(trimBlanks(text.substr(text.find('=') + 1)));
+    std::string_view value = trimBlanks(text.substr(text.find('=') + 1));
+    // The platform's read drops one pair of quotes around the value, so the game never sees them.
+    if (value.size() >= 2 && (value.front() == '"' || value.front() == '\'') &&
+        value.back() == value.front()) {
+        value = value.substr(1, value.size() - 2);
+    }
+    return std::string(value);
 }
 
 void ProfileDocument::writeValue(std::string_view section, std::string_view key,
@@ -162,14 +167,9 @@ void ProfileDocument::writeValue(std::string_view section, std::string_view key,
     const std::string name = lookupName(key);
     const auto found = idx.byName.find(sectionName);
     if (found == idx.byName.end()) {
-        // A new section goes at the end, on a line of its own.
-        if (!lines_.empty()) {
-            const auto last = pendingAfter_.find(lines_.size() - 1);
-            Line& lastLine = last != pendingAfter_.end() ? last->second.back() : lines_.back();
-            if (lastLine.eol.empty()) lastLine.eol = kCrLf;
-        }
-        lines_.push_back(Line{bracketed(section), std::string(kCrLf)});
-        lines_.push_back(Line{std::move(text), std::string(kCrLf)});
+        // A new section goes at the end, on lines of its own.
+        lines_.push_back(Line{bracketed(section)});
+        lines_.push_back(Line{std::move(text)});
         Index::Section added{lines_.size() - 2, lines_.size() - 1, {}};
         added.keys.emplace(name, Index::LineRef{lines_.size() - 1, 0});
         idx.sections.push_back(std::move(added));
@@ -178,18 +178,13 @@ void ProfileDocument::writeValue(std::string_view section, std::string_view key,
         Index::Section& s = idx.sections[found->second];
         const auto existing = s.keys.find(name);
         if (existing != s.keys.end()) {
-            // The line keeps its own line end; only its text is replaced.
             lineAt(existing->second.anchor, existing->second.offset).text = std::move(text);
         } else {
             // After the section's last key line, so comments and blank lines that close the
             // section stay below the keys (the system block of [General] relies on it).
             const std::size_t anchor = s.lastKey != kNone ? s.lastKey : s.header;
             std::vector<Line>& pending = pendingAfter_[anchor];
-            if (anchor + 1 == lines_.size()) {
-                Line& before = pending.empty() ? lines_[anchor] : pending.back();
-                if (before.eol.empty()) before.eol = kCrLf;
-            }
-            pending.push_back(Line{std::move(text), std::string(kCrLf)});
+            pending.push_back(Line{std::move(text)});
             s.keys.emplace(name, Index::LineRef{anchor, pending.size()});
         }
     }
@@ -268,21 +263,24 @@ bool ProfileDocument::removeNumberedSection(int n) {
     if (!present) return false;
 
     applyPendingLines();
-    std::vector<Line> kept;
-    kept.reserve(lines_.size());
-    std::size_t i = 0;
     const std::size_t count = lines_.size();
+    std::size_t marker = 0;
+    while (marker < count && !isBlockMarker(lines_[marker].text)) ++marker;
+    std::vector<Line> kept;
+    kept.reserve(count);
+    std::size_t i = 0;
     while (i < count) {
         Line& line = lines_[i++];
         if (!isTarget(line.text)) {
             kept.push_back(std::move(line));
             continue;
         }
-        // Drop the header and its lines; the next header is kept as it is. A section that runs
-        // to the end of the file is dropped up to the end and nothing else goes with it.
+        // Drop the header and its lines; the next header, or the block marker, is kept as it is.
+        // A section that runs to the end of the file is dropped up to the end and nothing else
+        // goes with it.
         while (i < count) {
             Line& inner = lines_[i++];
-            if (startsRawSection(inner.text)) {
+            if (startsRawSection(inner.text) || i - 1 == marker) {
                 kept.push_back(std::move(inner));
                 break;
             }
@@ -291,6 +289,10 @@ bool ProfileDocument::removeNumberedSection(int n) {
     lines_.swap(kept);
     index_.reset();
     return true;
+}
+
+bool ProfileDocument::isBlockMarker(std::string_view line) {
+    return !line.empty() && line[0] == ';' && line.find("SolarSystem") != std::string_view::npos;
 }
 
 const std::vector<ProfileDocument::Line>& ProfileDocument::lines() const {

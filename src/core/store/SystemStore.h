@@ -130,6 +130,8 @@ class SystemStore {
     std::vector<std::string> descriptorList_{""};
     std::string lastError_;
     std::string lastWarning_;
+    // Whether the last ReadSystemBlock found a block: a block save that then finds none fails.
+    bool blockLoaded_ = false;
     // Where descriptorPath found each file name; looked up again when the file has gone.
     struct ResolvedPath {
         fs::path path;

@@ -196,7 +196,7 @@ class frmSSEditLifecycleTest : public QObject {
         MainWindowHarness h;
         h.game.write("ORBDescriptor/Bbb.orb",
                      TempGameFolder::crlf({"[General]", ";SolarSystem", ";\"Bbb\",2,3",
-                                           ";550,3,0,0,11,0", ";700,x,0,0,1,0"}));
+                                           ";550,3,0,0,11,0", ";700,99999,0,0,1,0"}));
         QVERIFY(h.start());
         QGuiApplication::setOverrideCursor(Qt::ArrowCursor);  // to see the hourglass go
         Qt::CursorShape cursorAtWarning = Qt::WaitCursor;
