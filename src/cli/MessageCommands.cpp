@@ -154,10 +154,7 @@ void decodeCommand(CliContext& context, const QStringList& args) {
 
 std::string bytesOfText(const QJsonValue& value, const std::string& what) {
     if (!value.isString()) throw CliError(what + " must be a text.");
-    const std::string utf8 = value.toString().toStdString();
-    const std::string bytes = text::utf8ToCp1252(utf8);
-    if (text::cp1252ToUtf8(bytes) != utf8)
-        throw CliError(what + " holds characters that Windows-1252 cannot store.");
+    const std::string bytes = storableBytes(value.toString().toStdString(), what);
     requireSingleLine(bytes, what);
     return bytes;
 }

@@ -161,7 +161,8 @@ class MessageCommandsTest : public QObject {
         QTest::newRow("wait") << QByteArray(R"({"wait":10})")
                               << "'wait' must be a whole number from 0 to 9";
         QTest::newRow("text") << QByteArray(R"({"text":"2*3"})") << "cannot hold '*' or '^'";
-        QTest::newRow("1252") << QByteArray(R"({"text":"\u2603"})") << "Windows-1252";
+        QTest::newRow("1252") << QByteArray(R"({"text":"\u2603"})")
+                              << "'text': The game cannot store these characters: \u2603";
     }
 
     void badComposeInputIsRefused() {
