@@ -16,6 +16,7 @@
 #include "CliSupport.h"
 #include "Command.h"
 #include "messages/MessageCodec.h"
+#include "messages/MessageEditRules.h"
 #include "messages/MessageGroups.h"
 #include "messages/MessageList.h"
 #include "messages/PlanetMessageStore.h"
@@ -37,11 +38,12 @@ Direction directionArgument(const QString& argument) {
     throw CliError("The list must be 'message' or 'response', not " + inQuotes(word) + ".");
 }
 
+// The editor's rule for group names; the empty name is INIT's stored name.
 std::string groupArgument(const QString& argument) {
-    const std::string group = bytesOf(argument);
-    requireSingleLine(group, "A group name");
-    if (group.find_first_of("=[]") != std::string::npos)
-        throw CliError("A group name cannot hold '=', '[' or ']'.");
+    const std::string group = storableBytesOf(argument, "The group name");
+    if (group.empty()) return group;
+    if (const std::string problem = groupNameProblem(group); !problem.empty())
+        throw CliError(problem);
     return group;
 }
 

@@ -143,6 +143,10 @@ class MessageCommandsTest : public QObject {
                  QString("There is no planet 3 in 'Orion': it has 2 planets."));
         QCOMPARE(cli.fails({"lines", "Orion", "2", "Hail", "messages"}),
                  QString("The list must be 'message' or 'response', not 'messages'."));
+        // Group names follow the editor's rule: "*" is refused, brackets are not.
+        QCOMPARE(cli.fails({"decode", "message", "Ha*il", "Hi"}),
+                 QString("A group name cannot contain \"*\" or \"=\"."));
+        QCOMPARE(cli.decode("message", "[Hail]", "Hi")["answerGroup"], QJsonValue("[Hail]"));
     }
 
     void badComposeInputIsRefused_data() {

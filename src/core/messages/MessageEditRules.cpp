@@ -73,12 +73,26 @@ void addTagWarnings(const MessageLine& line, Direction direction, std::string_vi
 }  // namespace
 
 std::string groupNameProblem(std::string_view name) {
-    if (text::trim(name).empty()) return "Please enter a name for the group.";
+    const std::string trimmed = text::trim(name);
+    if (trimmed.empty()) return "Please enter a name for the group.";
+    // The file layer trims key names, so "Trade " would share its count key with "Trade".
+    if (trimmed.size() != name.size()) return "A group name cannot begin or end with a blank.";
     if (name.find_first_of("*=") != std::string_view::npos)
         return "A group name cannot contain \"*\" or \"=\".";
     if (std::any_of(name.begin(), name.end(),
                     [](char c) { return static_cast<unsigned char>(c) < 0x20; }))
         return "A group name cannot contain control characters.";
+    return {};
+}
+
+std::string answerGroupProblem(std::string_view answerGroup, Direction direction) {
+    if (answerGroup.empty() || direction == Direction::Information) return {};
+    if (std::string problem = groupNameProblem(answerGroup); !problem.empty()) return problem;
+    const std::string tag = "*R" + std::string(answerGroup);
+    if (direction == Direction::Message && IsSystemCondition(tag)) {
+        return "A message cannot lead to the group " + inDoubleQuotes(answerGroup) +
+               ": the game reads " + inDoubleQuotes(tag) + " as a ship-system condition.";
+    }
     return {};
 }
 

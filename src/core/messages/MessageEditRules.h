@@ -24,8 +24,13 @@ inline constexpr const char* kLengthLimitExceeded = "(Length Limit Exceeded)";
 inline constexpr const char* kWidthLimitExceeded = "(Response Text Width Limit Exceeded)";
 
 // Why `name` cannot name a group (it would break the key names or the answer tags); empty when
-// it can.
+// it can. The editor and orrerion-cli refuse the same names.
 std::string groupNameProblem(std::string_view name);
+
+// Why a line in `direction` cannot lead to `answerGroup`: a bad name, or a name that a message's
+// tag would turn into a ship-system condition ("*RS1"). Empty when it can; an empty name is the
+// line's own group.
+std::string answerGroupProblem(std::string_view answerGroup, Direction direction);
 
 // Why `value` cannot be a code's argument (it would end the code early); empty when it can.
 std::string argumentProblem(std::string_view value);

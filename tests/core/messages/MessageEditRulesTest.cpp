@@ -67,5 +67,19 @@ TEST(SaveWarnings, TagsTheEditorWouldWriteDifferentlyAreNamed) {
     }
 }
 
+TEST(GroupNames, OneRuleForTheEditorAndTheTool) {
+    for (const char* good : {"Trade", "[Hail]", "Area11", "S1"})
+        EXPECT_EQ(groupNameProblem(good), "") << good;
+    for (const char* bad : {"", " ", "Trade ", " Trade", "a*b", "a=b", "a\tb"})
+        EXPECT_NE(groupNameProblem(bad), "") << bad;
+    // A message's tag to "S1" would be read as a ship-system condition; a response's is not.
+    EXPECT_EQ(answerGroupProblem("S1", Direction::Message),
+              "A message cannot lead to the group \"S1\": the game reads \"*RS1\" as a "
+              "ship-system condition.");
+    EXPECT_NE(answerGroupProblem("!S2", Direction::Message), "");
+    EXPECT_EQ(answerGroupProblem("S1", Direction::Response), "");
+    EXPECT_EQ(answerGroupProblem("", Direction::Message), "");
+}
+
 }  // namespace
 }  // namespace orr
