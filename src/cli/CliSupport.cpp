@@ -11,37 +11,6 @@ namespace orr::cli {
 
 namespace {
 
-bool isValidUtf8(std::string_view s) {
-    std::size_t i = 0;
-    while (i < s.size()) {
-        const auto c = static_cast<unsigned char>(s[i]);
-        int follow = 0;
-        if (c < 0x80) {
-            follow = 0;
-        } else if (c >= 0xC2 && c <= 0xDF) {
-            follow = 1;
-        } else if (c >= 0xE0 && c <= 0xEF) {
-            follow = 2;
-        } else if (c >= 0xF0 && c <= 0xF4) {
-            follow = 3;
-        } else {
-            return false;
-        }
-        if (i + follow >= s.size() && follow > 0) return false;
-        for (int k = 1; k <= follow; ++k) {
-            const auto f = static_cast<unsigned char>(s[i + k]);
-            if ((f & 0xC0) != 0x80) return false;
-        }
-        // Overlong forms, surrogates and code points above U+10FFFF are not UTF-8 either.
-        const auto second = follow > 0 ? static_cast<unsigned char>(s[i + 1]) : 0;
-        if ((c == 0xE0 && second < 0xA0) || (c == 0xED && second >= 0xA0) ||
-            (c == 0xF0 && second < 0x90) || (c == 0xF4 && second >= 0x90))
-            return false;
-        i += follow + 1;
-    }
-    return true;
-}
-
 std::string planetsPhrase(int count) {
     if (count == 0) return "it has no planets";
     if (count == 1) return "it has 1 planet";
@@ -51,12 +20,24 @@ std::string planetsPhrase(int count) {
 }  // namespace
 
 QString argumentFromRaw(std::string_view raw) {
-    if (isValidUtf8(raw)) return QString::fromUtf8(raw.data(), static_cast<qsizetype>(raw.size()));
+    if (text::isValidUtf8(raw))
+        return QString::fromUtf8(raw.data(), static_cast<qsizetype>(raw.size()));
     return textOf(raw);
 }
 
 std::string bytesOf(const QString& argument) {
     return text::utf8ToCp1252(argument.toUtf8().toStdString());
+}
+
+std::string storableBytesOf(const QString& argument, const std::string& what) {
+    return storableBytes(argument.toUtf8().toStdString(), what);
+}
+
+std::string storableBytes(const std::string& utf8, const std::string& what) {
+    text::Cp1252Conversion converted = text::utf8ToCp1252Strict(utf8);
+    if (!converted.storable())
+        throw CliError(what + ": " + text::unstorableMessage(converted.unstorable));
+    return std::move(converted.bytes);
 }
 
 QString textOf(std::string_view cp1252) {

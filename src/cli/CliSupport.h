@@ -20,6 +20,11 @@ QString argumentFromRaw(std::string_view raw);
 std::string bytesOf(const QString& argument);
 QString textOf(std::string_view cp1252);  // game bytes for JSON and Qt
 
+// The bytes of a text that will be stored, refused (a CliError naming `what`) with the editor's
+// sentence when Windows-1252 cannot hold a character of it, never replaced by "?".
+std::string storableBytesOf(const QString& argument, const std::string& what);
+std::string storableBytes(const std::string& utf8, const std::string& what);
+
 // The argument as an integer in [min, max]; otherwise a CliError naming `what`.
 int numberArgument(const QString& argument, int min, int max, const std::string& what);
 

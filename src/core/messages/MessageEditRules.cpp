@@ -23,11 +23,11 @@ std::string effectiveAnswerGroup(std::string_view answerGroup, std::string_view 
     return shownGroupName(storedGroupName(answerGroup.empty() ? group : answerGroup));
 }
 
-// The attached entries as a sorted list of lines: reading a line back gives the prefix codes in
-// reverse and the suffix codes after the actions, so only the set of entries can be compared.
+// The attached entries as a sorted list: reading a line back gives the prefix codes in reverse
+// and the suffix codes after the actions, so only the set of entries can be compared.
 std::vector<std::string> entrySet(const std::vector<SpecialEntry>& entries) {
     std::vector<std::string> lines;
-    for (const SpecialEntry& entry : entries) lines.push_back(entry.line());
+    for (const SpecialEntry& entry : entries) lines.push_back(entry.line() + entry.storedCode());
     std::sort(lines.begin(), lines.end());
     return lines;
 }
@@ -70,15 +70,50 @@ void addTagWarnings(const MessageLine& line, Direction direction, std::string_vi
     }
 }
 
+// A message whose last "R" code was a ship-system condition led to the group the condition
+// names; saved, its answer tag follows the conditions and decides instead. A condition the
+// designer removed is the designer's change, not the editor's.
+void addConditionWarning(const MessageLine& line, Direction direction, std::string_view group,
+                         std::vector<std::string>& warnings) {
+    const std::string& condition = line.answerCondition;
+    if (direction != Direction::Message || condition.empty()) return;
+    // Without a tag to write, the condition still decides.
+    if (AnswerTag(effectiveAnswerGroup(line.answerGroup, group), direction, group).empty()) return;
+    if (std::none_of(line.specials.begin(), line.specials.end(),
+                     [&](const SpecialEntry& entry) { return entry.storedCode() == condition; }))
+        return;
+    warnings.push_back("The game takes the ship-system condition " + inDoubleQuotes(condition) +
+                       " for the line's answer, as it is the last \"R\" code, and offers the "
+                       "group " +
+                       inDoubleQuotes(condition.substr(2)) +
+                       ". Saved, the condition will stand before the answer tag and the line "
+                       "will lead to " +
+                       inDoubleQuotes(effectiveAnswerGroup(line.answerGroup, group)) + ".");
+}
+
 }  // namespace
 
 std::string groupNameProblem(std::string_view name) {
-    if (text::trim(name).empty()) return "Please enter a name for the group.";
+    const std::string trimmed = text::trim(name);
+    if (trimmed.empty()) return "Please enter a name for the group.";
+    // The file layer trims key names, so "Trade " would share its count key with "Trade".
+    if (trimmed.size() != name.size()) return "A group name cannot begin or end with a blank.";
     if (name.find_first_of("*=") != std::string_view::npos)
         return "A group name cannot contain \"*\" or \"=\".";
     if (std::any_of(name.begin(), name.end(),
                     [](char c) { return static_cast<unsigned char>(c) < 0x20; }))
         return "A group name cannot contain control characters.";
+    return {};
+}
+
+std::string answerGroupProblem(std::string_view answerGroup, Direction direction) {
+    if (answerGroup.empty() || direction == Direction::Information) return {};
+    if (std::string problem = groupNameProblem(answerGroup); !problem.empty()) return problem;
+    const std::string tag = "*R" + std::string(answerGroup);
+    if (direction == Direction::Message && IsSystemCondition(tag)) {
+        return "A message cannot lead to the group " + inDoubleQuotes(answerGroup) +
+               ": the game reads " + inDoubleQuotes(tag) + " as a ship-system condition.";
+    }
     return {};
 }
 
@@ -100,13 +135,15 @@ std::vector<std::string> saveWarnings(const MessageLine& line, Direction directi
             joined(line.droppedCodes, ", ") + ".");
     }
     addTagWarnings(line, direction, group, warnings);
+    addConditionWarning(line, direction, group, warnings);
 
     const std::string stored = ComposeMessage(line, direction, group);
     const MessageLine back = DecodeMessage(stored, direction, group, codes);
-    if (back.text != text::trim(line.text)) {
-        warnings.push_back("The text will read back as \"" + back.text +
-                           "\": a text cannot contain \"*\" or \"^\", and without a caption "
-                           "it cannot begin with \"%\" or \"$\".");
+    // Cutting the text before a suffix code can leave a blank, which the game trims.
+    if (text::trim(back.text) != text::trim(line.text)) {
+        warnings.push_back("The text will read back as " + inDoubleQuotes(back.text) +
+                           ": a text cannot contain \"*\" or \"^\" or be \"ERR\" alone, and "
+                           "without a caption it cannot begin with \"%\" or \"$\".");
     }
     if (back.display != line.display ||
         (line.display == DisplayMode::Custom && back.title != line.title)) {
@@ -123,6 +160,14 @@ std::vector<std::string> saveWarnings(const MessageLine& line, Direction directi
             "as another code.");
     }
     return warnings;
+}
+
+SaveCheck checkLineForSave(const MessageLine& line, Direction direction, std::string_view group,
+                           const SpecialCodeList& codes) {
+    SaveCheck check;
+    check.refusal = answerGroupProblem(line.answerGroup, direction);
+    if (check.refusal.empty()) check.warnings = saveWarnings(line, direction, group, codes);
+    return check;
 }
 
 std::string saveQuestion(const std::vector<std::string>& warnings) {

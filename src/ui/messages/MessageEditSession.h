@@ -154,6 +154,7 @@ class MessageEditSession {
     int editIndex_ = -1;                     // 0-based line being edited; -1 for a new line
     std::vector<std::string> droppedCodes_;  // codes of the edited line the list did not know
     std::vector<std::string> storedTags_;    // the edited line's answer tags as stored
+    std::string answerCondition_;            // the condition that chose its answer, if any
     bool loading_ = false;                   // controls are being filled, not used
 };
 

@@ -87,6 +87,7 @@ void MessageEditSession::startEditing(int index) {
     editIndex_ = index;
     droppedCodes_.clear();
     storedTags_.clear();
+    answerCondition_.clear();
     {
         const Loading loading(loading_);
         std::string text;
@@ -103,6 +104,7 @@ void MessageEditSession::startEditing(int index) {
                 line.answerGroup = group_;  // a new line answers with its own group
             droppedCodes_ = line.droppedCodes;
             storedTags_ = line.storedTags;
+            answerCondition_ = line.answerCondition;
             form_.show(line);
             text = line.text;
             w_.cmdDelete->setEnabled(index >= 0);
@@ -123,6 +125,7 @@ void MessageEditSession::endEditing() {
     editIndex_ = -1;
     droppedCodes_.clear();
     storedTags_.clear();
+    answerCondition_.clear();
     // The line belonged to the group shown before any name typed into the box meanwhile.
     showCurrentGroupName();
     form_.setOptionsEnabled(false);
@@ -173,8 +176,16 @@ void MessageEditSession::save() {
     MessageLine line = form_.read(text);
     line.droppedCodes = droppedCodes_;
     line.storedTags = storedTags_;
-    const std::vector<std::string> warnings = saveWarnings(line, direction_, group_, codes_);
-    if (!warnings.empty() && !confirm(toQString(saveQuestion(warnings)))) return;
+    line.answerCondition = answerCondition_;
+    const SaveCheck check = checkLineForSave(line, direction_, group_, codes_);
+    if (!check.refusal.empty()) {
+        MessagePrompt prompt;
+        prompt.text = toQString(check.refusal);
+        prompt.icon = PromptIcon::Exclamation;
+        prompts().message(&w_, prompt);
+        return;
+    }
+    if (!check.warnings.empty() && !confirm(toQString(saveQuestion(check.warnings)))) return;
 
     const std::string stored = ComposeMessage(line, direction_, group_);
     const int index = editIndex_;

@@ -36,6 +36,10 @@ TEST(SaveWarnings, LinesThatReadBackAsWrittenAreSavedWithoutQuestions) {
           std::tuple{"Yes*MTrade", Direction::Response, "Hail"},
           std::tuple{"Home*M", Direction::Response, "Hail"},
           std::tuple{"Engines out*RS3", Direction::Response, "Hail"},
+          std::tuple{"Closing*RS3", Direction::Message, "Hail"},
+          std::tuple{"Closing*RHail*RS3", Direction::Message, "Hail"},
+          std::tuple{"Engines out*RS3*RTrade", Direction::Message, "Hail"},
+          std::tuple{"Day one *SFA", Direction::Message, "Hail"},
           std::tuple{"Anything *at all", Direction::Information, ""}}) {
         SCOPED_TRACE(stored);
         EXPECT_TRUE(warningsForUnchanged(stored, direction, group).empty());
@@ -58,6 +62,8 @@ TEST(SaveWarnings, TagsTheEditorWouldWriteDifferentlyAreNamed) {
         {"Restart*M", Direction::Response, 0, {}},
         {"Text*R*RBack", Direction::Message, 1, {"\"*R\", \"*RBack\""}},
         {"Text*R*MBack", Direction::Message, 2, {}},
+        // The condition chose the answer; saved, the tag after it will.
+        {"Hm*RTrade*RS3", Direction::Message, 1, {"\"*RS3\"", "\"S3\"", "\"Trade\""}},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.stored);
@@ -65,6 +71,20 @@ TEST(SaveWarnings, TagsTheEditorWouldWriteDifferentlyAreNamed) {
         EXPECT_EQ(warnings.size(), c.count);
         for (const char* text : c.named) EXPECT_TRUE(mentions(warnings, text)) << text;
     }
+}
+
+TEST(GroupNames, OneRuleForTheEditorAndTheTool) {
+    for (const char* good : {"Trade", "[Hail]", "Area11", "S1"})
+        EXPECT_EQ(groupNameProblem(good), "") << good;
+    for (const char* bad : {"", " ", "Trade ", " Trade", "a*b", "a=b", "a\tb"})
+        EXPECT_NE(groupNameProblem(bad), "") << bad;
+    // A message's tag to "S1" would be read as a ship-system condition; a response's is not.
+    EXPECT_EQ(answerGroupProblem("S1", Direction::Message),
+              "A message cannot lead to the group \"S1\": the game reads \"*RS1\" as a "
+              "ship-system condition.");
+    EXPECT_NE(answerGroupProblem("!S2", Direction::Message), "");
+    EXPECT_EQ(answerGroupProblem("S1", Direction::Response), "");
+    EXPECT_EQ(answerGroupProblem("", Direction::Message), "");
 }
 
 }  // namespace

@@ -61,6 +61,10 @@ TEST(SpecialEntry, PlaceholdersHoldTheArgument) {
     const SpecialEntry open("*A - Allows (3 days");
     EXPECT_EQ(open.roundArgument(), "3 days");
     EXPECT_EQ(open.withArgument("5").line(), "*A - Allows (5)");
+    // An argument read from a file may hold brackets: it is written back as it was.
+    const SpecialEntry bracket = energy.withArgument("[)");
+    EXPECT_EQ(bracket.storedCode(), "*+EN[)");
+    EXPECT_EQ(bracket.line(), "*+EN - Gives ([)) units of energy");
 }
 
 TEST(SpecialEntry, ArgumentEditorDependsOnThePlaceholder) {

@@ -11,6 +11,7 @@
 #include <QPushButton>
 #include <QScrollBar>
 
+#include "messages/MessageEditRules.h"
 #include "messages/MessageEditSession.h"
 #include "messages/frmFlag.h"
 #include "platform/QtText.h"
@@ -174,6 +175,10 @@ class MessageEditingTest : public QObject {
                                                << "Deal*RDeal"
                                                << "\"*RDeal\""
                                                << "Deal*MDeal";
+        QTest::newRow("condition chose the answer") << "Message1"
+                                                    << "Hm*RTrade*RS3"
+                                                    << "\"*RS3\""
+                                                    << "Hm*RS3*RTrade";
     }
     void aSaveThatWouldChangeALineAsksFirst() {
         QFETCH(QString, key);
@@ -202,7 +207,7 @@ class MessageEditingTest : public QObject {
         QCOMPARE(f.prompts.unexpectedCount(), 0);
     }
 
-    void unstorableCharactersAreRefusedAndCodeLikeTextQuestioned() {
+    void whatCannotBeStoredIsRefusedAndCodeLikeTextQuestioned() {
         MessageEditorFixture f(section(1, {"Messages=1", "Message1=Old text"}));
         f.open(1);
         f.select(0);
@@ -216,15 +221,25 @@ class MessageEditingTest : public QObject {
         QCOMPARE(f.key(1, "Message1"), std::string("Old text"));
         QCOMPARE(f.find<QPlainTextEdit>("txtMessage")->toPlainText(), snowy);  // nothing lost
 
+        // A message's tag to "S1" would be a ship-system condition.
+        f.type(QStringLiteral("Hello"));
+        f.find<QComboBox>("cboAnswerGroup")->setEditText(QStringLiteral("S1"));
+        f.prompts.answerMessage(PromptAnswer::Ok);
+        f.click("cmdSave");
+        QCOMPARE(f.prompts.messageTexts().last(),
+                 toQString(answerGroupProblem("S1", Direction::Message)));
+        QCOMPARE(f.key(1, "Message1"), std::string("Old text"));
+        f.find<QComboBox>("cboAnswerGroup")->setEditText(QString());
+
         // A text that would read back as codes is questioned, unless it stands behind a caption.
         f.type(QStringLiteral("%NM, welcome."));
         f.prompts.answerMessage(PromptAnswer::No);
         f.click("cmdSave");
-        QCOMPARE(f.prompts.messageTexts().size(), 2);
+        QCOMPARE(f.prompts.messageTexts().size(), 3);
         QCOMPARE(f.key(1, "Message1"), std::string("Old text"));
         f.click("optDisplay1");
         f.click("cmdSave");
-        QCOMPARE(f.prompts.messageTexts().size(), 2);
+        QCOMPARE(f.prompts.messageTexts().size(), 3);
         QCOMPARE(f.key(1, "Message1"), std::string("$BOX$%NM, welcome."));
     }
 };
