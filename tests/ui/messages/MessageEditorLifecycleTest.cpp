@@ -17,6 +17,8 @@
 #include "messages/MessageEditSession.h"
 #include "messages/MessageEditorLauncher.h"
 #include "messages/frmFlag.h"
+#include "session/PlanetEdits.h"
+#include "session/SystemEdits.h"
 #include "support/MessageEditorFixture.h"
 
 using namespace orr;
@@ -62,10 +64,10 @@ class MessageEditorLifecycleTest : public QObject {
         // Their windows are not part of the editor yet.
         for (const char* name : {"cmdTest", "cmdEditRoom", "cmdWizard"}) QVERIFY(!f.enabled(name));
         // Opening only shows the value it was given; a click writes it.
-        QCOMPARE(f.store.GetGeneralFlag(kMessagesFlag, 2), 0);
+        QCOMPARE(f.session.store().GetGeneralFlag(kMessagesFlag, 2), 0);
         f.click("chkCustom");
         f.click("chkCustom");
-        QCOMPARE(f.store.GetGeneralFlag(kMessagesFlag, 2), 1);
+        QCOMPARE(f.session.store().GetGeneralFlag(kMessagesFlag, 2), 1);
 
         // The direction picture follows the direction and animates.
         auto* picture = f.find<DirectionPicture>("picDirection");
@@ -88,8 +90,8 @@ class MessageEditorLifecycleTest : public QObject {
         QCOMPARE(session.scanCount(), 1);
         f.click("cmdClose");
         // A group made behind the editor's back is not seen on the same planet and system...
-        QVERIFY(f.store.WriteKey("1", "ResponsesHail", "2"));
-        QVERIFY(f.store.WriteKey("1", "ResponseHail2", "Bye*MFarewell"));
+        QVERIFY(writeKey(f.session, "1", "ResponsesHail", "2"));
+        QVERIFY(writeKey(f.session, "1", "ResponseHail2", "Bye*MFarewell"));
         f.open(1);
         QCOMPARE(session.scanCount(), 1);
         QVERIFY(!f.items("cboGroup").contains(QStringLiteral("Farewell")));
@@ -108,7 +110,7 @@ class MessageEditorLifecycleTest : public QObject {
         f.open(1);
         QCOMPARE(session.scanCount(), 4);
         f.click("cmdClose");
-        f.store.record().setDisplayName("Nova Prime");
+        QVERIFY(setDisplayName(f.session, "Nova Prime"));
         f.open(1);
         QCOMPARE(session.scanCount(), 5);
 
@@ -133,10 +135,10 @@ class MessageEditorLifecycleTest : public QObject {
 
     void theLauncherReusesOneEditorPerWindow() {
         MessageEditorFixture f(twoPlanets());
-        QVERIFY(f.store.SetGeneralFlag(kMessagesFlag, 2, 3, true));
+        QVERIFY(setPlanetFlag(f.session, kMessagesFlag, 2, true));
         QWidget mainWindow;
-        frmMessages& editor = messageEditorFor(&mainWindow, f.store);
-        QCOMPARE(&messageEditorFor(&mainWindow, f.store), &editor);
+        frmMessages& editor = messageEditorFor(&mainWindow, f.session);
+        QCOMPARE(&messageEditorFor(&mainWindow, f.session), &editor);
         editor.setProgramSpecialList(f.root() / "program" / "SPECIAL.LST");
         int runs = 0;
         editor.setDialogRunner([&](QDialog& dialog) {
@@ -147,12 +149,12 @@ class MessageEditorLifecycleTest : public QObject {
             box->click();
             dialog.findChild<QPushButton*>("cmdClose")->click();
         });
-        QVERIFY(!openMessageEditor(&mainWindow, f.store, 2));
+        QVERIFY(!openMessageEditor(&mainWindow, f.session, 2));
         QCOMPARE(runs, 1);
-        QCOMPARE(f.store.GetGeneralFlag(kMessagesFlag, 2), 0);
+        QCOMPARE(f.session.store().GetGeneralFlag(kMessagesFlag, 2), 0);
         // The planet dialog hands over its own box's value.
         editor.setDialogRunner([](QDialog& dialog) { dialog.reject(); });
-        QVERIFY(openMessageEditor(&mainWindow, f.store, 1, true));
+        QVERIFY(openMessageEditor(&mainWindow, f.session, 1, true));
         QCOMPARE(editor.windowTitle(), QStringLiteral("Planet Messages - Nova I"));
     }
 

@@ -64,7 +64,7 @@ class SpecialCodesTest : public QObject {
 
     void flagChooserListsDescriptionsAndOkWritesOne() {
         MessageEditorFixture f(section(2, {"Flag0=Met the envoy"}));
-        frmFlag chooser(f.store);
+        frmFlag chooser(f.session);
         QCOMPARE(chooser.windowTitle(), QStringLiteral("Choose a Flag"));
         chooser.setPlanet(2);
         chooser.prepare(QString());

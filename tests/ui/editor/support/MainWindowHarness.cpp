@@ -9,7 +9,7 @@
 
 #include "editor/StarView.h"
 #include "editor/SystemCanvas.h"
-#include "editor/SystemLifecycle.h"
+#include "editor/SystemListBox.h"
 #include "platform/QtText.h"
 
 namespace orr::test {
@@ -18,7 +18,11 @@ MainWindowHarness::MainWindowHarness() {
     game.writeAliens({"Klingar", "Vossk"});
 }
 
-MainWindowHarness::~MainWindowHarness() = default;
+MainWindowHarness::~MainWindowHarness() {
+    window_.reset();
+    ui::setDialogRunner(previousDialogs_);
+    ui::setMenuRunner(previousMenus_);
+}
 
 SystemRecord MainWindowHarness::spacedSystem(const std::string& name, int planets) {
     SystemRecord record = TempGameFolder::systemRecord(name, planets);
@@ -30,8 +34,8 @@ SystemRecord MainWindowHarness::spacedSystem(const std::string& name, int planet
 bool MainWindowHarness::start() {
     window_ = std::make_unique<ui::frmSSEdit>(game.folder());
     if (!window_->startUp()) return false;
-    window_->setPopupRunner([this](QMenu* menu, const QPoint&) { recordMenu(menu); });
-    window_->setDialogRunner([this](QDialog& dialog) {
+    previousMenus_ = ui::setMenuRunner([this](QMenu& menu, const QPoint&) { recordMenu(&menu); });
+    previousDialogs_ = ui::setDialogRunner([this](QDialog& dialog) {
         ++dialogsRun_;
         if (fill_) fill_(dialog);
     });
@@ -42,17 +46,18 @@ bool MainWindowHarness::start() {
 }
 
 void MainWindowHarness::choose(const std::string& name) {
-    const int index = indexOf(name);
-    window_->cboSystems->setCurrentIndex(index);
-    emit window_->cboSystems->activated(index);
+    auto* list = find<ui::SystemListBox>("cboSystems");
+    const int index = list->findEntry(name);
+    list->setCurrentIndex(index);
+    emit list->activated(index);
 }
 
 int MainWindowHarness::indexOf(const std::string& name) const {
-    return window_->lifecycle().findEntry(name);
+    return find<ui::SystemListBox>("cboSystems")->findEntry(name);
 }
 
 QString MainWindowHarness::selected() const {
-    return window_->cboSystems->currentText();
+    return find<ui::SystemListBox>("cboSystems")->currentText();
 }
 
 QAction* MainWindowHarness::action(const char* name) const {
@@ -90,17 +95,18 @@ void MainWindowHarness::recordMenu(QMenu* menu) {
 }
 
 void MainWindowHarness::pickPlanetMenu(int planet, const char* entry, int data) {
-    window_->mnuPopup->setProperty("harnessPick", entry ? QString::fromLatin1(entry) : QString());
-    window_->mnuPopup->setProperty("harnessData", data);
+    QMenu* menu = find<QMenu>("mnuPopup");
+    menu->setProperty("harnessPick", entry ? QString::fromLatin1(entry) : QString());
+    menu->setProperty("harnessData", data);
     mouse(QEvent::MouseButtonPress, planetCentre(planet), Qt::RightButton);
     mouse(QEvent::MouseButtonRelease, planetCentre(planet), Qt::RightButton);
 }
 
 void MainWindowHarness::pickStarMenu(const char* entry, int data) {
-    QMenu* menu = window_->mnuPopupStar;
+    QMenu* menu = find<QMenu>("mnuPopupStar");
     menu->setProperty("harnessPick", entry ? QString::fromLatin1(entry) : QString());
     menu->setProperty("harnessData", data);
-    ui::StarView* star = window_->picStar;
+    auto* star = find<ui::StarView>("picStar");
     const QPointF at(star->width() / 2.0, star->height() / 2.0);
     QMouseEvent press(QEvent::MouseButtonPress, at, star->mapToGlobal(at), Qt::RightButton,
                       Qt::RightButton, Qt::NoModifier);
@@ -113,7 +119,7 @@ void MainWindowHarness::onDialog(std::function<void(QDialog&)> fill) {
 
 void MainWindowHarness::mouse(QEvent::Type type, OrbitGeometry::Point units,
                               Qt::MouseButton button) {
-    ui::SystemCanvas* canvas = window_->picSolarSystem;
+    auto* canvas = find<ui::SystemCanvas>("picSolarSystem");
     const QPointF at = canvas->toPixels(units);
     Qt::MouseButtons held = button;
     if (type == QEvent::MouseButtonRelease) held = Qt::NoButton;

@@ -7,7 +7,7 @@
 //     QVERIFY(h.start());
 //     h.choose("Nova");
 //     h.pickPlanetMenu(2, "mnuDelete");
-//     QCOMPARE(h.store().record().PlanetCount, 2);
+//     QCOMPARE(h.record().PlanetCount, 2);
 
 #include <QEvent>
 #include <QMap>
@@ -17,6 +17,7 @@
 
 #include "TempGameFolder.h"
 #include "editor/frmSSEdit.h"
+#include "platform/Modal.h"
 #include "platform/ScriptedPrompts.h"
 #include "store/OrbitGeometry.h"
 
@@ -43,8 +44,15 @@ class MainWindowHarness {
     // Makes, starts and shows the window; false when start-up refused.
     bool start();
     ui::frmSSEdit& window() { return *window_; }
-    SystemStore& store() { return window_->store(); }
-    const SystemRecord& record() { return window_->store().record(); }
+    EditSession& session() { return window_->session(); }
+    const SystemStore& store() { return window_->session().store(); }
+    const SystemRecord& record() { return window_->session().record(); }
+
+    // A control of the window by its object name (null when there is none).
+    template <typename T>
+    T* find(const char* name) const {
+        return window_->findChild<T*>(QString::fromLatin1(name));
+    }
 
     // Chooses the entry as the user does in the list.
     void choose(const std::string& name);
@@ -77,6 +85,8 @@ class MainWindowHarness {
     void recordMenu(QMenu* menu);
 
     std::unique_ptr<ui::frmSSEdit> window_;
+    ui::DialogRunner previousDialogs_;
+    ui::MenuRunner previousMenus_;
     QMap<QString, bool> enabledAtPopup_;
     QMap<QString, bool> checkedAtPopup_;
     std::function<void(QDialog&)> fill_;

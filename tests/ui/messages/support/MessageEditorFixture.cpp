@@ -11,7 +11,7 @@
 #include <iterator>
 
 #include "platform/QtText.h"
-#include "store/SystemOperations.h"
+#include "session/SystemEdits.h"
 
 namespace orr::test {
 
@@ -51,7 +51,8 @@ std::string section(int planet, std::initializer_list<std::string_view> lines) {
     return text;
 }
 
-MessageEditorFixture::MessageEditorFixture(std::string_view sections, SpecialList special) {
+MessageEditorFixture::MessageEditorFixture(std::string_view sections, SpecialList special)
+    : session(game.folder()) {
     const fs::path folder = root();
     writeFile(folder / "voidrunner.exe", "MZ");
     fs::create_directories(folder / "PICTURES");
@@ -61,21 +62,20 @@ MessageEditorFixture::MessageEditorFixture(std::string_view sections, SpecialLis
         fs::copy_file(fs::path(ORRERION_SOURCE_DIR) / "data" / "SPECIAL.LST",
                       folder / "SPECIAL.LST");
     }
-    store.setFolder(GameFolder(folder));
-    store.InitTables();
-    store.record().Name = "Nova";
-    ok = store.BeginEdit([] { return false; }) && store.LoadSystem("Nova").blockFound;
+    session.InitTables();
+    LoadResult loaded;
+    ok = session.open("Nova", [] { return false; }, &loaded) && loaded.blockFound;
 }
 
 MessageEditorFixture::~MessageEditorFixture() = default;
 
 fs::path MessageEditorFixture::root() const {
-    return fs::path(dir_.path().toStdString());
+    return game.root();
 }
 
 ui::frmMessages& MessageEditorFixture::window() {
     if (!window_) {
-        window_ = std::make_unique<ui::frmMessages>(store);
+        window_ = std::make_unique<ui::frmMessages>(session);
         // The program's own copy is never the one beside the test program.
         window_->setProgramSpecialList(root() / "program" / "SPECIAL.LST");
         window_->setDialogRunner([this](QDialog& dialog) {
@@ -94,13 +94,15 @@ ui::frmMessages& MessageEditorFixture::window() {
 
 ui::frmMessages& MessageEditorFixture::open(int planet, bool customMessages) {
     ui::frmMessages& editor = window();
-    editor.prepareForPlanet(planet, ui::toQString(planetName(store, planet)), customMessages);
+    editor.prepareForPlanet(planet, ui::toQString(planetName(session.store(), planet)),
+                            customMessages);
     editor.show();
     return editor;
 }
 
 std::string MessageEditorFixture::key(int planet, const std::string& key) {
-    return store.GetPlanetKey(planet, key, true);
+    session.recheck();
+    return session.store().GetPlanetKey(planet, key, true);
 }
 
 std::string MessageEditorFixture::descriptor() const {

@@ -15,7 +15,8 @@
 
 #include "messages/frmMessages.h"
 #include "platform/ScriptedPrompts.h"
-#include "store/SystemStore.h"
+#include "support/GameFixture.h"
+#include "session/EditSession.h"
 
 class QAbstractButton;
 class QComboBox;
@@ -35,8 +36,9 @@ class MessageEditorFixture {
     MessageEditorFixture(const MessageEditorFixture&) = delete;
     MessageEditorFixture& operator=(const MessageEditorFixture&) = delete;
 
+    TempGameFolder game{TempGameFolder::Contents::Bare};
     bool ok = false;  // the system could be opened
-    SystemStore store;
+    EditSession session;
     ui::ScriptedPrompts prompts;
 
     // The window, made on first use.
@@ -76,7 +78,6 @@ class MessageEditorFixture {
     int dialogsRun() const { return dialogsRun_; }
 
   private:
-    QTemporaryDir dir_;
     std::unique_ptr<ui::frmMessages> window_;
     std::deque<std::function<void(QDialog&)>> answers_;
     int dialogsRun_ = 0;
