@@ -12,9 +12,8 @@ namespace orr::ui {
 
 namespace {
 
-// The star never reaches further from its centre than this (canvas units): the innermost orbit
-// (200) less the largest disc (75) and a little room, so it never covers a planet.
-constexpr double kStarReach = 110;
+// Room kept between the star and the innermost planet's disc (canvas units).
+constexpr double kStarMargin = 10;
 
 }  // namespace
 
@@ -50,8 +49,15 @@ QPointF SystemCanvas::starCentre() const {
 }
 
 void SystemCanvas::placeStar() {
-    // Whole multiples of the 16-pixel picture while there is room, so it stays sharp.
-    const double reach = 2 * kStarReach / unitsPerPixel();
+    // The star stops short of the innermost planet's disc, so a planet is never hidden by it or
+    // out of the mouse's reach; whole multiples of the 16-pixel picture while there is room, so
+    // it stays sharp.
+    double room = OrbitGeometry::kOutermostOrbit;
+    if (record_ && record_->PlanetCount > 0) {
+        const PlanetRecord& first = record_->planet(1);
+        room = first.Position - OrbitGeometry::discRadius(first);
+    }
+    const double reach = 2 * std::max(0.0, room - kStarMargin) / unitsPerPixel();
     const int side = reach >= 16 ? std::min(48, static_cast<int>(reach) / 16 * 16)
                                  : std::max(8, static_cast<int>(reach));
     const QPointF centre = starCentre();
@@ -72,6 +78,7 @@ OrbitGeometry::Point SystemCanvas::toUnits(const QPointF& pixels) const {
 
 bool SystemCanvas::drawSystem(bool force) {
     if (!force && rendered_ && current() == lastShown_) return false;
+    placeStar();
     render();
     emit redrawn();
     return true;
