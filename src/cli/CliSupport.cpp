@@ -101,8 +101,7 @@ SystemChange::SystemChange(const GameFolder& folder, const QString& argument) : 
     }
     if (!loaded.warning.empty()) {
         session_.discard();
-        throw CliError(loaded.warning + " Nothing was changed: the editor shows what it can read "
-                                        "of the system and saves it anew.");
+        throw CliError(loaded.warning + " Nothing was changed.");
     }
 }
 

@@ -90,6 +90,13 @@ ByteDiff diffBytes(std::string_view older, std::string_view newer) {
     while (suffix < shorter - prefix &&
            older[older.size() - 1 - suffix] == newer[newer.size() - 1 - suffix])
         ++suffix;
+    // ... and end it at a line end in both texts, so each range holds whole lines.
+    const auto lineStart = [](std::string_view text, std::size_t at) {
+        return at == 0 || text[at - 1] == '\n';
+    };
+    while (suffix > 0 && !(lineStart(older, older.size() - suffix) &&
+                           lineStart(newer, newer.size() - suffix)))
+        --suffix;
     addMiddle(diff, prefix, older.substr(prefix, older.size() - prefix - suffix),
               newer.substr(prefix, newer.size() - prefix - suffix));
     return diff;

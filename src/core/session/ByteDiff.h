@@ -20,8 +20,9 @@ struct ByteHunk {
 
 using ByteDiff = std::vector<ByteHunk>;
 
-// The ranges that turn `older` into `newer`, in file order and not overlapping. Empty when the
-// two are equal.
+// The ranges that turn `older` into `newer`, in file order and not overlapping, each made of
+// whole lines (it starts at a line start and ends after a line end or at the end). Empty when
+// the two are equal.
 ByteDiff diffBytes(std::string_view older, std::string_view newer);
 
 // `older` from `newer` (backwards) or `newer` from `older` (forwards). nullopt when the text does

@@ -6,6 +6,7 @@
 #include <system_error>
 
 #include "session/SystemFiles.h"
+#include "store/SystemName.h"
 #include "store/FileIo.h"
 #include "store/PictureFiles.h"
 #include "text/Text.h"
@@ -81,7 +82,7 @@ bool EditSession::open(const std::string& name, const std::function<bool()>& ask
     }
     const LoadResult result = store_.LoadSystem(name);
     if (loaded) *loaded = result;
-    hasBlock_ = result.blockFound;
+    hasBlock_ = store_.HasSystemBlock();
     loadPictures();
     history_.clear();
     notify({kSystemOpened | kSavedChanged});
@@ -170,43 +171,82 @@ bool EditSession::saveSteps() {
 bool EditSession::save() {
     lastWarning_.clear();
     if (!saveSteps()) return false;
-    const bool committed = store_.EndEdit(true);
-    if (!committed) storeFailed("The system could not be saved.");
-    // A fresh working copy equal to the saved file; after a failed commit the old working copy
-    // (with every change) is kept instead.
-    if (!store_.BeginEdit([committed] { return !committed; })) {
-        const std::string error = store_.lastError();
-        close();
-        return fail(error);
-    }
-    if (committed) {
-        lastWarning_ = store_.lastWarning();
-        history_.markSaved();
-    }
+    // The working copy stays and equals the saved file afterwards, times included.
+    if (!store_.CommitWorkingCopy()) return storeFailed("The system could not be saved.");
+    history_.markSaved();
     notify({kSavedChanged});
-    return committed;
+    return true;
 }
 
 bool EditSession::saveAs(const std::string& newName) {
     lastWarning_.clear();
     if (!isOpen()) return fail("No system is open.");
+    if (const auto reason = CheckSystemName(newName)) return fail(*reason);
     const std::string oldName = name();
-    if (!store_.RenameSystem(newName)) return storeFailed("The system could not be renamed.");
+    if (newName == oldName) return save();
+    store_.recheck();
+    // Only the letter case changes: the same system's files take the new spelling.
+    if (text::equalsIgnoreCase(newName, oldName)) {
+        if (!store_.RenameSystem(newName)) return storeFailed("The system could not be renamed.");
+        std::string problem;
+        replaceSystemPictures(folder(), oldName, newName, &problem);
+        notify({kStarChanged | kNamesChanged});
+        const bool saved = save();
+        if (saved && !problem.empty()) lastWarning_ = problem;
+        return saved;
+    }
+
+    // The new descriptor first, and durably: until it stands, nothing else changes.
+    SystemRecord renamed = record();
+    if (renamed.trimmedDisplayName() == oldName) renamed.setDisplayName(newName);
+    renamed.Name = newName;
+    const std::shared_ptr<const std::string> before = store_.profiles().bytes(workingCopy());
+    const std::optional<std::string> text = store_.descriptorTextFor(renamed);
+    if (!text) return storeFailed("The system could not be saved.");
+    const fs::path descriptors = folder().descriptorFolder();
+    const fs::path target = descriptors / (newName + ".orb");
+    std::string error;
+    if (!writeFileAtomically(target, *text, &error, Durability::Durable))
+        return fail("The system was not saved as " + newName + ". " + error);
+    std::vector<std::string> problems;
+    // The system saved over (in another spelling) is replaced, backup included.
+    for (const char* extension : {".orb", ".edt"}) {
+        const fs::path other = GameFolder::findInFolder(descriptors, newName + extension);
+        if (other != target && other != descriptors / (newName + ".edt") &&
+            !removeFile(other, &error))
+            problems.push_back(error);
+    }
+
     // The saved pictures go with the new name (an overwritten system's own are replaced); the
-    // old system keeps its files. The pictures in memory are then written under the new name
-    // whether or not they changed.
-    std::string problem;
-    replaceSystemPictures(folder(), oldName, newName, &problem);
+    // old system keeps its files. The pictures in memory are then written whatever they hold.
+    const fs::path oldWorkingCopy = workingCopy();
+    if (!replaceSystemPictures(folder(), oldName, newName, &error)) problems.push_back(error);
+    store_.LeaveWorkingCopy();
+    store_.record() = renamed;
     savedPictures_.reset(0);
     savedPictures_.setPlanet(1, std::make_shared<UnsavedPicture>());
     savedPictures_.setStar(std::make_shared<UnsavedPicture>());
-    notify({kStarChanged | kNamesChanged});
-    const bool saved = save();
-    if (saved && !problem.empty()) {
-        lastWarning_ = "The system was saved as " + newName +
-                       ", but not all of its pictures could be carried over. " + problem;
+    if (!savePictures()) problems.push_back(lastError_);
+
+    // A fresh working copy of the new system; the old one goes.
+    if (!store_.BeginEdit([] { return false; })) {
+        const std::string why = store_.lastError();
+        close();
+        return fail("The system was saved as " + newName + ", but it could not be opened. " + why);
     }
-    return saved;
+    if (!removeFile(oldWorkingCopy, &error)) problems.push_back(error);
+    const std::shared_ptr<const std::string> after = store_.profiles().bytes(workingCopy());
+    // The steps so far stay undoable when the new file is the old working copy byte for byte.
+    if (before && after && *before == *after)
+        history_.markSaved();
+    else
+        history_.clear();
+    for (const std::string& problem : problems) {
+        if (!problem.empty()) lastWarning_ += (lastWarning_.empty() ? "" : " ") + problem;
+    }
+    if (!lastWarning_.empty()) lastWarning_ = "The system was saved as " + newName + ". " + lastWarning_;
+    notify({kStarChanged | kNamesChanged | kPicturesChanged | kSavedChanged});
+    return true;
 }
 
 bool EditSession::commit() {

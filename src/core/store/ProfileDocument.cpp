@@ -98,21 +98,64 @@ struct ProfileDocument::Index {
     std::unordered_map<std::string, std::size_t> byName;  // first section of each name
 };
 
-ProfileDocument ProfileDocument::parse(std::string_view bytes) {
-    ProfileDocument doc;
-    doc.lines_.reserve(bytes.size() / 40 + 1);
+std::vector<std::string> ProfileDocument::splitLines(std::string_view bytes) {
+    std::vector<std::string> lines;
+    lines.reserve(bytes.size() / 40 + 1);
     std::size_t pos = 0;
     const std::size_t size = bytes.size();
     while (pos < size) {
         std::size_t end = pos;
         while (end < size && bytes[end] != '\r' && bytes[end] != '\n') ++end;
-        doc.lines_.push_back(Line{std::string(bytes.substr(pos, end - pos))});
+        lines.emplace_back(bytes.substr(pos, end - pos));
         // CR LF, LF and CR each end a line; serialize() writes CR LF for all of them.
         if (end < size)
             end += (bytes[end] == '\r' && end + 1 < size && bytes[end + 1] == '\n') ? 2 : 1;
         pos = end;
     }
+    return lines;
+}
+
+ProfileDocument ProfileDocument::parse(std::string_view bytes) {
+    ProfileDocument doc;
+    std::vector<std::string> lines = splitLines(bytes);
+    doc.lines_.reserve(lines.size());
+    for (std::string& line : lines) doc.lines_.push_back(Line{std::move(line)});
     return doc;
+}
+
+namespace {
+
+// What a line is to the lookup index: a section header, a key line, or neither.
+std::string indexIdentity(std::string_view line) {
+    std::string_view name;
+    if (headerName(line, name)) return "[" + lookupName(name);
+    if (keyName(line, name)) return "=" + lookupName(name);
+    return {};
+}
+
+}  // namespace
+
+bool ProfileDocument::replaceLines(std::size_t first, std::size_t count,
+                                   std::vector<std::string> texts) {
+    applyPendingLines();
+    if (first > lines_.size() || count > lines_.size() - first) return false;
+    bool sameShape = index_ && count == texts.size();
+    for (std::size_t i = 0; sameShape && i < count; ++i)
+        sameShape = indexIdentity(lines_[first + i].text) == indexIdentity(texts[i]);
+    if (sameShape) {
+        for (std::size_t i = 0; i < count; ++i) lines_[first + i].text = std::move(texts[i]);
+        return true;
+    }
+    std::vector<Line> replacement;
+    replacement.reserve(texts.size());
+    for (std::string& text : texts) replacement.push_back(Line{std::move(text)});
+    const auto at = lines_.begin() + static_cast<std::ptrdiff_t>(first);
+    lines_.erase(at, at + static_cast<std::ptrdiff_t>(count));
+    lines_.insert(lines_.begin() + static_cast<std::ptrdiff_t>(first),
+                  std::make_move_iterator(replacement.begin()),
+                  std::make_move_iterator(replacement.end()));
+    index_.reset();
+    return true;
 }
 
 std::string ProfileDocument::serialize() const {

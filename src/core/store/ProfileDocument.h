@@ -52,6 +52,15 @@ class ProfileDocument {
     // first such line of a file is the one that counts.
     static bool isBlockMarker(std::string_view line);
 
+    // Replaces the lines [first, first + count) by `texts` (lines without their ends). When every
+    // line keeps what it is (the same section header, the same key, or neither: a changed value
+    // or comment) the lookup index stays as it is; otherwise it is rebuilt when next needed.
+    // False when the range is outside the document.
+    bool replaceLines(std::size_t first, std::size_t count, std::vector<std::string> texts);
+
+    // The lines of a text as parse() reads them (CR LF, LF or CR end a line).
+    static std::vector<std::string> splitLines(std::string_view bytes);
+
     // Direct access for the descriptor's own line rewrites (system block, planet swap). Call
     // linesChanged() after changing the lines so the index is rebuilt.
     const std::vector<Line>& lines() const;

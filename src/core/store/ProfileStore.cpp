@@ -117,7 +117,8 @@ std::shared_ptr<const std::string> ProfileStore::bytes(const fs::path& file) {
     return entry->bytes;
 }
 
-bool ProfileStore::replaceBytes(const fs::path& file, std::string contents) {
+bool ProfileStore::replaceBytes(const fs::path& file, std::string contents,
+                                const std::function<bool(ProfileDocument&)>& change) {
     bool missing = false;
     Entry* entry = load(file, &missing);
     if (!entry) {
@@ -129,7 +130,9 @@ bool ProfileStore::replaceBytes(const fs::path& file, std::string contents) {
         forget(file);
         return fail(error);
     }
-    entry->document = ProfileDocument::parse(contents);
+    if (!change || entry->dirty || !change(entry->document) ||
+        entry->document.serialize() != contents)
+        entry->document = ProfileDocument::parse(contents);
     entry->bytes = std::make_shared<const std::string>(std::move(contents));
     entry->dirty = false;
     const DiskState disk = examine(file);

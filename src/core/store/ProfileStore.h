@@ -43,8 +43,11 @@ class ProfileStore {
     // The file's contents as they are on disk (as last read or written); nullptr when the file
     // is missing or cannot be read. Shared, so a caller can keep an old state cheaply.
     std::shared_ptr<const std::string> bytes(const fs::path& file);
-    // Replaces the contents of an existing file at once (outside any batch).
-    bool replaceBytes(const fs::path& file, std::string contents);
+    // Replaces the contents of an existing file at once (outside any batch). `change`, when
+    // given, makes the same contents of the cached document in place, which spares parsing the
+    // whole file again; should its document not come out as `contents`, the contents are parsed.
+    bool replaceBytes(const fs::path& file, std::string contents,
+                      const std::function<bool(ProfileDocument&)>& change = {});
     // Gives the file another modification time, keeping its cached document.
     bool setModificationTime(const fs::path& file, fs::file_time_type time);
 

@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -79,6 +80,11 @@ class SystemStore {
     LoadResult LoadSystem(const std::string& name);
     LoadResult ReadSystemBlock();
     bool SaveSystemBlock();
+    // The last load found a system block (perhaps a damaged one, which a save then refuses).
+    bool HasSystemBlock() const { return blockLoaded_; }
+    // The open descriptor's text as it would be with `record`'s block in it (for a save under
+    // another name); nullopt, with the reason in lastError(), when the block cannot be saved.
+    std::optional<std::string> descriptorTextFor(const SystemRecord& record);
     bool AddPlanet();  // refused (count unchanged) when there are 10 planets
     bool RemoveLastPlanet();
     bool SwapPlanets(int a, int b);
@@ -89,6 +95,10 @@ class SystemStore {
     // A save whose working copy could not be deleted afterwards still counts as saved (the
     // descriptor holds every change); lastWarning() then says so.
     bool EndEdit(bool save);
+    // Copies the working copy over the saved descriptor and goes on editing it: the two are then
+    // equal, times included, so the system counts as unmodified (a save without the moment in
+    // which no working copy exists).
+    bool CommitWorkingCopy();
     // Stops editing without touching any file: the working copy stays as the backup that the
     // next opening offers (the program ending without questions).
     void LeaveWorkingCopy() { extension_ = ".orb"; }
@@ -143,6 +153,8 @@ class SystemStore {
     bool requireOpenSystem();
     std::string currentExtension() const;
     bool rewriteOpenDescriptor(const std::function<bool(ProfileDocument&)>& change);
+    // Puts `record`'s block in place of the block the load read; `refused` says why not.
+    bool replaceBlock(ProfileDocument& doc, const SystemRecord& record, std::string& refused) const;
     // The warning for a damaged block: what is wrong and what of it the record kept.
     std::string damagedBlockWarning(const std::string& reason, const std::string& kept) const;
     // The record of a system whose block gives nothing: its own name, star type 0, no planets.

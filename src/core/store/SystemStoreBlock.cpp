@@ -213,8 +213,8 @@ LoadResult SystemStore::ReadSystemBlock() {
     const ProfileDocument* doc = profiles_.document(path);
     if (doc == nullptr) {
         showNothingRead();
-        result.warning = "The descriptor of " + record_.Name + " could not be read (" +
-                         profiles_.lastError() + "). The system is shown without planets.";
+        result.warning = "The descriptor of " + record_.Name + " could not be read. " +
+                         profiles_.lastError() + " The system is shown without planets.";
         return result;
     }
     const BlockScan block = scanBlock(doc->lines());
@@ -251,38 +251,51 @@ LoadResult SystemStore::ReadSystemBlock() {
     return result;
 }
 
+bool SystemStore::replaceBlock(ProfileDocument& doc, const SystemRecord& record,
+                               std::string& refused) const {
+    // The old block is what the load read: the marker, its header and the planet lines read,
+    // so nothing outside it is lost.
+    const BlockScan old = scanBlock(doc.lines());
+    if (!old.found) {
+        // A file that never had a block stays without one; one whose block went missing since
+        // it was read must not pass for saved.
+        if (blockLoaded_) refused = "it is missing from the descriptor";
+        return false;
+    }
+    if (!old.savable) {
+        refused = old.damage;
+        return false;
+    }
+    // Block lines are comments: replacing them keeps the document's lookup index.
+    return doc.replaceLines(old.marker, old.end - old.marker, blockLines(record));
+}
+
 bool SystemStore::SaveSystemBlock() {
-    const std::vector<std::string> lines = blockLines(record_);
     std::string refused;
-    const bool written = rewriteOpenDescriptor([&](ProfileDocument& doc) {
-        // The old block is what the load read: the marker, its header and the planet lines
-        // read, so nothing outside it is lost.
-        const BlockScan old = scanBlock(doc.lines());
-        if (!old.found) {
-            // A file that never had a block stays without one; one whose block went missing
-            // since it was read must not pass for saved.
-            if (blockLoaded_) refused = "it is missing from the descriptor";
-            return false;
-        }
-        if (!old.savable) {
-            refused = old.damage;
-            return false;
-        }
-        std::vector<ProfileDocument::Line> replacement;
-        for (const std::string& text : lines) replacement.push_back({text});
-        std::vector<ProfileDocument::Line>& all = doc.mutableLines();
-        all.erase(all.begin() + static_cast<std::ptrdiff_t>(old.marker),
-                  all.begin() + static_cast<std::ptrdiff_t>(old.end));
-        all.insert(all.begin() + static_cast<std::ptrdiff_t>(old.marker), replacement.begin(),
-                   replacement.end());
-        doc.linesChanged();
-        return true;
-    });
+    const bool written = rewriteOpenDescriptor(
+        [&](ProfileDocument& doc) { return replaceBlock(doc, record_, refused); });
     if (written && !refused.empty()) {
         return fail("The system block of " + record_.Name + " was not saved because " + refused +
                     "; nothing was written.");
     }
     return written;
+}
+
+std::optional<std::string> SystemStore::descriptorTextFor(const SystemRecord& record) {
+    const ProfileDocument* open = profiles_.document(openDescriptorPath());
+    if (!open) {
+        fail("The descriptor of " + record_.Name + " could not be read. " + profiles_.lastError());
+        return std::nullopt;
+    }
+    ProfileDocument copy = *open;
+    std::string refused;
+    replaceBlock(copy, record, refused);
+    if (!refused.empty()) {
+        fail("The system block of " + record_.Name + " was not saved because " + refused +
+             "; nothing was written.");
+        return std::nullopt;
+    }
+    return copy.serialize();
 }
 
 bool SystemStore::AddPlanet() {
