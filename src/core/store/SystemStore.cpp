@@ -169,12 +169,15 @@ int SystemStore::GetGeneralFlag(const std::string& key, int planet) const {
 
 bool SystemStore::SetGeneralFlag(const std::string& key, int planet, int count, bool yes) {
     const std::size_t width = static_cast<std::size_t>(std::max(count, 0));
-    std::string flags = ReadKey("General", key);
-    if (flags == kNotUsed) flags = std::string(width, 'N');
+    const std::string stored = ReadKey("General", key);
+    std::string flags = stored == kNotUsed ? std::string(width, 'N') : stored;
     flags.resize(width, 'N');
     if (planet >= 1 && static_cast<std::size_t>(planet) <= flags.size()) {
         flags[static_cast<std::size_t>(planet) - 1] = yes ? 'Y' : 'N';
     }
+    // The same flags are not written again: the line would lose its blanks round the "=" and
+    // the system would count as modified for nothing.
+    if (flags == stored) return true;
     return WriteKey("General", key, flags);
 }
 

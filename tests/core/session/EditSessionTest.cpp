@@ -185,6 +185,11 @@ TEST_F(EditSessionTest, NoticesNameWhatChanged) {
     ASSERT_TRUE(setFlagDescription(session, 3, 'A', "Met the elders"));
     EXPECT_TRUE(heard.empty());
     EXPECT_TRUE(session.canRedo()) << "a command that changes nothing keeps the redo step";
+    ASSERT_TRUE(session.save());
+    ASSERT_TRUE(setPlanetProperties(session, 3, {PlanetAttributes::unpack(
+                                                     session.record().planet(3).Attributes),
+                                                 2, 0, false, false}));
+    EXPECT_FALSE(session.isModified()) << "a write that changes no byte leaves the file alone";
 }
 
 TEST_F(EditSessionTest, ANewSystemTakesNothingFromTheSystemOpenedBefore) {

@@ -59,6 +59,16 @@ TEST_F(SystemFilesTest, DeleteRemovesOnlyThisSystemAndSaysWhatWasLeft) {
     EXPECT_EQ(entryNames(game.descriptors()), Names{"SolX.orb"});
     EXPECT_EQ(entryNames(game.pictures()), (Names{"SolX.bmp", "SolXSun.bmp"}));
 
+    // A pictures folder that cannot be listed leaves pictures behind: that is said, too.
+    fs::remove_all(game.pictures());
+    game.write("PICTURES", "a file where the folder should be");
+    game.writeDescriptor(TempGameFolder::systemRecord("Gone", 0));
+    EXPECT_FALSE(deleteSystem(session, "Gone"));
+    EXPECT_NE(session.lastError().find("could not be read"), std::string::npos) << session.lastError();
+    EXPECT_FALSE(game.exists("ORBDescriptor/Gone.orb"));
+    fs::remove(game.pictures());
+    fs::create_directory(game.pictures());
+
     writePictures({"SolX1.avi"});
     const ReadOnlyFolder locked(game.pictures());
     if (!locked.enforced()) GTEST_SKIP() << "the folder cannot be made read-only here";
