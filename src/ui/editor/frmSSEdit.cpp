@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QSessionManager>
 #include <QStackedWidget>
@@ -37,6 +38,10 @@ frmSSEdit::frmSSEdit(GameFolder folder, QWidget* parent)
     session_.setPictureCodec(&codec_);
     buildControls();
     menus_.build(*this);
+    for (QMenu* menu : findChildren<QMenu*>()) {
+        menu->setToolTipsVisible(true);
+        menu->installEventFilter(this);
+    }
     lifecycle_ = std::make_unique<SystemLifecycle>(*this, session_, *cboSystems);
     saving_ = std::make_unique<SystemSaveCommands>(*this, session_, *cboSystems, *lifecycle_);
     planets_ = std::make_unique<PlanetCommands>(*this, session_);
@@ -182,9 +187,8 @@ void frmSSEdit::connectPlanetMenus() {
         canvas->setHighlightedPlanet(0);
     });
     for (QAction* entry : menus_.mnuPClass)
-        connect(entry, &QAction::triggered, this, [=] {
-            planets->setPlanetClass(highlighted(), entry->data().toInt());
-        });
+        connect(entry, &QAction::triggered, this,
+                [=] { planets->setPlanetClass(highlighted(), entry->data().toInt()); });
     connect(menus_.mnuStarDesc, &QAction::triggered, this, [planets] { planets->describeStar(); });
     for (QAction* entry : menus_.mnuStarType)
         connect(entry, &QAction::triggered, this,
@@ -251,8 +255,9 @@ void frmSSEdit::refresh(const ChangeNotice& notice) {
     applyEnablingRules();
     menus_.showHistory(toQString(session_.undoName()), toQString(session_.redoName()));
     // The title names the open system and marks it while it has unsaved changes.
-    setWindowTitle(session_.isOpen() ? toQString(session_.name()) + QStringLiteral("[*] - ") + kCaption
-                                     : kCaption);
+    setWindowTitle(session_.isOpen()
+                       ? toQString(session_.name()) + QStringLiteral("[*] - ") + kCaption
+                       : kCaption);
     setWindowModified(session_.isModified());
 }
 
@@ -366,11 +371,30 @@ bool frmSSEdit::eventFilter(QObject* watched, QEvent* event) {
         if (event->type() == QEvent::Quit) endWithoutQuestions();
         return false;
     }
+    if (auto* menu = qobject_cast<QMenu*>(watched); menu && event->type() == QEvent::MouseMove) {
+        // Qt tells the status line nothing of a context menu's entries or of disabled ones: the
+        // line says what the entry under the pointer does, or why it is not available.
+        const QAction* entry =
+            menu->actionAt(static_cast<QMouseEvent*>(event)->position().toPoint());
+        statusBar()->showMessage(entry ? entry->statusTip() : QString());
+        return false;
+    }
     if (watched == lblName && event->type() == QEvent::MouseButtonPress) {
         beginNameEdit();
         return true;
     }
     if (watched == txtName) {
+        if (event->type() == QEvent::ShortcutOverride) {
+            // While the box has the focus, every undo and redo key is the box's own: the box
+            // claims only its platform's keys, the Edit menu has more.
+            const QKeySequence pressed(static_cast<QKeyEvent*>(event)->keyCombination());
+            for (const QAction* history : {menus_.mnuEUndo, menus_.mnuERedo}) {
+                if (history->shortcuts().contains(pressed)) {
+                    event->accept();
+                    return true;
+                }
+            }
+        }
         if (event->type() == QEvent::KeyPress &&
             static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
             finishNameEdit(false);
