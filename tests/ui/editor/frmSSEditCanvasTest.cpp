@@ -99,12 +99,13 @@ class frmSSEditCanvasTest : public QObject {
 
     // At the smallest size, with the innermost orbit allowed and the largest disc, the star
     // stays in sight and the pointer picks the planet wherever its disc is (planet 1 of eight
-    // stands on the star's diagonal).
+    // stands on the star's diagonal); the smallest planet is still seen.
     void aSmallWindowKeepsTheInnerPlanetInReach() {
         MainWindowHarness h;
         SystemRecord record = MainWindowHarness::spacedSystem("Nova", 8);
         for (int n = 1; n <= 8; ++n) record.planet(n).Position = static_cast<std::int16_t>(200 * n);
         record.planet(1).Size = 5;
+        record.planet(2).Size = 1;
         h.game.writeDescriptor(record);
         QVERIFY(h.start());
         h.choose("Nova");
@@ -113,6 +114,8 @@ class frmSSEditCanvasTest : public QObject {
         SystemCanvas* canvas = h.canvas();
         QVERIFY(std::min(canvas->width(), canvas->height()) <= 300);
         QVERIFY(h.find<StarView>("picStar")->width() >= 8);
+        QCOMPARE(pixel(canvas, h.planetCentre(2)),
+                 CanvasPainter::paletteColour(Tables::ClassColours[1]));
         const QPointF centre = canvas->toPixels(h.planetCentre(1));
         const QPointF inward =
             (canvas->starCentre() - centre) / QLineF(canvas->starCentre(), centre).length();
