@@ -364,6 +364,14 @@ void frmSSEdit::closeEvent(QCloseEvent* event) {
     event->ignore();
 }
 
+void frmSSEdit::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    // Back from a dialog or message box (or another program): while this window was blocked the
+    // canvas saw none of the pointer's moves, so the highlight follows where the pointer is now.
+    if (event->type() == QEvent::ActivationChange && isActiveWindow())
+        picSolarSystem->trackPointer();
+}
+
 bool frmSSEdit::eventFilter(QObject* watched, QEvent* event) {
     if (watched == qApp) {
         // The application is told to quit (not the user closing this window): its windows

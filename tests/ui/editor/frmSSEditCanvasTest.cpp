@@ -196,6 +196,14 @@ class frmSSEditCanvasTest : public QObject {
         QCOMPARE(h.canvas()->highlightedPlanet(), 0);
         QVERIFY(!info->isVisible());
 
+        // The same when the window is active again after a dialog of its own (here: told so).
+        h.mouse(QEvent::MouseMove, h.planetCentre(3));
+        QCOMPARE(h.canvas()->highlightedPlanet(), 3);
+        pointAt({1900, -1900});
+        QEvent activated(QEvent::ActivationChange);
+        QApplication::sendEvent(&h.window(), &activated);
+        QVERIFY(!info->isVisible());
+
         // A planet renamed while the pointer stays on it shows its new name at once.
         h.prompts.answerInput(QStringLiteral("Zephyr"));
         h.pickPlanetMenu(1, "mnuDescription");
