@@ -4,17 +4,15 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QSessionManager>
-#include <QStackedWidget>
 #include <QStatusBar>
 #include <QVBoxLayout>
 
+#include "editor/DisplayNameBox.h"
 #include "editor/InfoPanel.h"
 #include "editor/PlanetCommands.h"
 #include "editor/StarStrip.h"
@@ -75,25 +73,7 @@ void frmSSEdit::buildControls() {
     cmdSave = new QPushButton(QStringLiteral("Sa&ve"), central);
     cmdSave->setObjectName(QStringLiteral("cmdSave"));
 
-    lblName = new QLabel(central);
-    lblName->setObjectName(QStringLiteral("lblName"));
-    lblName->setAlignment(Qt::AlignCenter);
-    lblName->setToolTip(QStringLiteral("Click to change the name the game shows"));
-    QFont nameFont = lblName->font();
-    nameFont.setPointSizeF(nameFont.pointSizeF() * 1.4);
-    nameFont.setBold(true);
-    lblName->setFont(nameFont);
-    lblName->installEventFilter(this);
-    txtName = new QLineEdit(central);
-    txtName->setObjectName(QStringLiteral("txtName"));
-    txtName->setMaxLength(static_cast<int>(kDisplayNameWidth));
-    txtName->setAlignment(Qt::AlignCenter);
-    txtName->setFont(nameFont);
-    txtName->installEventFilter(this);
-    nameStack_ = new QStackedWidget(central);
-    nameStack_->addWidget(lblName);
-    nameStack_->addWidget(txtName);
-    nameStack_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    nameBox_ = new DisplayNameBox(central);
 
     // The raised frame round the canvas.
     auto* canvasFrame = new QFrame(central);
@@ -129,7 +109,7 @@ void frmSSEdit::buildControls() {
     body->addLayout(side);
     auto* layout = new QVBoxLayout(central);
     layout->addLayout(top);
-    layout->addWidget(nameStack_);
+    layout->addWidget(nameBox_);
     layout->addLayout(body, 1);
     statusBar()->setObjectName(QStringLiteral("sbrStatus"));
 }
@@ -160,7 +140,11 @@ void frmSSEdit::connectCommands() {
     for (QObject* source : {static_cast<QObject*>(life), static_cast<QObject*>(saving)}) {
         connect(source, SIGNAL(statusMessage(QString)), statusBar(), SLOT(showMessage(QString)));
     }
-    connect(txtName, &QLineEdit::returnPressed, this, [this] { finishNameEdit(true); });
+    connect(nameBox_, &DisplayNameBox::nameEntered, this, [this](const QString& name) {
+        report(this, setDisplayName(session_, toBytes(name)), session_.lastError());
+    });
+    connect(nameBox_, &DisplayNameBox::editingFinished, picSolarSystem,
+            qOverload<>(&QWidget::setFocus));
     connect(qApp, &QGuiApplication::commitDataRequest, this,
             [this](QSessionManager&) { endWithoutQuestions(); });
     qApp->installEventFilter(this);
@@ -271,7 +255,8 @@ void frmSSEdit::updateInfo() {
                             record.planet(planet).Attributes);
         picInfo->show();
     }
-    lblName->setText(toQString(record.trimmedDisplayName()));
+    nameBox_->setName(toQString(record.trimmedDisplayName()));
+    nameBox_->setEditable(session_.isOpen());
     picStar->setToolTip(session_.isOpen() ? toQString(planetName(session_.store(), 0)) : QString());
 }
 
@@ -387,57 +372,7 @@ bool frmSSEdit::eventFilter(QObject* watched, QEvent* event) {
         statusBar()->showMessage(entry ? entry->statusTip() : QString());
         return false;
     }
-    if (watched == lblName && event->type() == QEvent::MouseButtonPress) {
-        beginNameEdit();
-        return true;
-    }
-    if (watched == txtName) {
-        if (event->type() == QEvent::ShortcutOverride) {
-            // While the box has the focus, every undo and redo key is the box's own: the box
-            // claims only its platform's keys, the Edit menu has more.
-            const QKeySequence pressed(static_cast<QKeyEvent*>(event)->keyCombination());
-            for (const QAction* history : {menus_.mnuEUndo, menus_.mnuERedo}) {
-                if (history->shortcuts().contains(pressed)) {
-                    event->accept();
-                    return true;
-                }
-            }
-        }
-        if (event->type() == QEvent::KeyPress &&
-            static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
-            finishNameEdit(false);
-            return true;
-        }
-        if (event->type() == QEvent::FocusOut && !refusingName_) finishNameEdit(false);
-    }
     return QMainWindow::eventFilter(watched, event);
-}
-
-void frmSSEdit::beginNameEdit() {
-    if (!session_.isOpen()) return;
-    txtName->setText(toQString(session_.record().trimmedDisplayName()));
-    nameStack_->setCurrentWidget(txtName);
-    txtName->selectAll();
-    txtName->setFocus();
-}
-
-void frmSSEdit::finishNameEdit(bool keep) {
-    if (nameStack_->currentWidget() != txtName) return;
-    const QString typed = txtName->text();
-    if (keep) {
-        if (const QString unstorable = unstorableCharacters(typed); !unstorable.isEmpty()) {
-            // The box stays open for a correction; the message must not close it by taking the
-            // focus away.
-            refusingName_ = true;
-            prompts().inform(this, unstorableMessage(unstorable));
-            refusingName_ = false;
-            txtName->setFocus();
-            return;
-        }
-    }
-    nameStack_->setCurrentWidget(lblName);
-    if (keep) report(this, setDisplayName(session_, toBytes(typed)), session_.lastError());
-    picSolarSystem->setFocus();
 }
 
 }  // namespace orr::ui

@@ -197,6 +197,11 @@ class frmSSEditMenusTest : public QObject {
         QVERIFY(!box->isVisible());
         QCOMPARE(label->text(), QStringLiteral("Nova"));
 
+        // Leaving the box for another control closes it and leaves the focus there.
+        QTest::mouseClick(label, Qt::LeftButton);
+        h.find<QWidget>("cboSystems")->setFocus(Qt::MouseFocusReason);
+        QVERIFY(!box->isVisible() && h.find<QWidget>("cboSystems")->hasFocus());
+
         // Enter on the unchanged name is no step and no change.
         QTest::mouseClick(label, Qt::LeftButton);
         QTest::keyClick(box, Qt::Key_Return);
