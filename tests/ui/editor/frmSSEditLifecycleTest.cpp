@@ -224,14 +224,18 @@ class frmSSEditLifecycleTest : public QObject {
         QCOMPARE(saved.pixelColor(5, 5), QColor(Qt::magenta));
 
         h.action("mnuPAdd")->trigger();
-        h.prompts.answerMessage(PromptAnswer::Ok);
         {
             const orr::test::ReadOnlyFolder readOnly(h.game.descriptors());
             if (!readOnly.enforced()) QSKIP("the folder cannot be made read-only here");
+            h.prompts.answerMessage(PromptAnswer::Ok);
+            h.prompts.answerInput(QStringLiteral("Orion"));
+            h.prompts.answerMessage(PromptAnswer::Ok);
             h.action("mnuFSave")->trigger();
+            QCOMPARE(status(h), QStringLiteral("Nova was not saved."));
+            h.action("mnuFSaveAs")->trigger();
+            QCOMPARE(status(h), QStringLiteral("Nova was not saved as Orion."));
         }
-        QCOMPARE(status(h), QStringLiteral("Nova was not saved."));
-        QCOMPARE(h.prompts.messageTexts().size(), 1);
+        QCOMPARE(h.prompts.messageTexts().size(), 2);
         QCOMPARE(savedPlanets(h, "Nova"), 4);
         QVERIFY(h.window().isWindowModified());
     }
