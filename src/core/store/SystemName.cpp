@@ -26,6 +26,21 @@ bool isReservedDeviceName(std::string_view name) {
     return false;
 }
 
+// "A system name cannot contain the characters '/', ':' and '?'.", with control characters
+// named as such.
+std::string forbiddenCharacters(const std::string& forbidden, bool control) {
+    const std::string controls = "control characters such as tabs or line breaks";
+    if (forbidden.empty()) return "A system name cannot contain " + controls + ".";
+    std::string listed;
+    for (std::size_t i = 0; i < forbidden.size(); ++i) {
+        if (i > 0) listed += i + 1 == forbidden.size() && !control ? " and " : ", ";
+        listed += std::string("'") + forbidden[i] + "'";
+    }
+    const bool several = forbidden.size() > 1 || control;
+    return std::string("A system name cannot contain the character") + (several ? "s " : " ") +
+           listed + (control ? " or " + controls : "") + ".";
+}
+
 }  // namespace
 
 std::optional<std::string> CheckSystemName(std::string_view name) {
@@ -33,17 +48,19 @@ std::optional<std::string> CheckSystemName(std::string_view name) {
     if (name.size() > kMaxNameLength) {
         return "A system name can have at most " + std::to_string(kMaxNameLength) + " characters.";
     }
+    // Every forbidden character at once, so one correction is enough.
+    std::string forbidden;
+    bool control = false;
     for (char c : name) {
         const auto code = static_cast<unsigned char>(c);
         if (code < 32 || code == 127) {
-            return std::string(
-                "A system name cannot contain control characters such as tabs or "
-                "line breaks.");
-        }
-        if (std::string_view("/\\:*?\"<>|").find(c) != std::string_view::npos) {
-            return std::string("A system name cannot contain the character '") + c + "'.";
+            control = true;
+        } else if (std::string_view("/\\:*?\"<>|").find(c) != std::string_view::npos &&
+                   forbidden.find(c) == std::string::npos) {
+            forbidden += c;
         }
     }
+    if (!forbidden.empty() || control) return forbiddenCharacters(forbidden, control);
     if (name == "." || name == "..") return "A system name cannot be \".\" or \"..\".";
     if (name.front() == ' ' || name.back() == ' ') {
         return std::string("A system name cannot begin or end with a blank.");

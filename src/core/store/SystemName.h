@@ -9,9 +9,9 @@
 namespace orr {
 
 // nullopt when the name is usable; otherwise a sentence for the user saying why it is not:
-// empty; holding / \ : * ? " < > | or a control character; "." or ".."; leading or trailing
-// blanks or dots; a reserved device name (CON, PRN, AUX, NUL, COM1..9, LPT1..9, with or without
-// an extension).
+// empty; holding / \ : * ? " < > | or a control character (all of them named at once); "." or
+// ".."; leading or trailing blanks or dots; a reserved device name (CON, PRN, AUX, NUL, COM1..9,
+// LPT1..9, with or without an extension).
 std::optional<std::string> CheckSystemName(std::string_view name);
 
 // The game's start argument for a system key: 21 characters (8-bit codes). A custom system passes

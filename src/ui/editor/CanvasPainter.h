@@ -19,11 +19,12 @@ class CanvasPainter {
     // The 16 colours of the classic palette the class colours index into.
     static QColor paletteColour(int index);
 
-    static constexpr int kOrbitColour = 3;       // cyan
-    static constexpr int kBeltColour = 8;        // dark grey
-    static constexpr int kHighlightColour = 12;  // light red
-    static constexpr int kLockedColour = 13;     // light magenta
-    static constexpr int kBackgroundColour = 0;  // black: space
+    static constexpr int kOrbitColour = 3;        // cyan
+    static constexpr int kBeltColour = 8;         // dark grey
+    static constexpr int kHighlightColour = 12;   // light red
+    static constexpr int kLockedColour = 13;      // light magenta
+    static constexpr int kBackgroundColour = 0;   // black: space
+    static constexpr double kSmallestDisc = 1.5;  // pixels: a planet's disc is never smaller
 
     struct Scene {
         const SystemRecord* record = nullptr;
@@ -32,7 +33,7 @@ class CanvasPainter {
         bool displayAsteroids = true;
         QPointF starCentre;  // in pixels
         double unitsPerPixel = 15;
-        QImage star;         // drawn under the planets, in starRect (pixels)
+        QImage star;  // drawn under the planets, in starRect (pixels)
         QRectF starRect;
     };
 

@@ -3,6 +3,7 @@
 #include <QCursor>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QRegion>
 #include <algorithm>
 
 #include "editor/CanvasPainter.h"
@@ -63,6 +64,9 @@ void SystemCanvas::placeStar() {
     const QPointF centre = starCentre();
     picStar_->setGeometry(static_cast<int>(centre.x() - side / 2.0),
                           static_cast<int>(centre.y() - side / 2.0), side, side);
+    // The room is a circle: the star takes the pointer only inside its own round, so the corners
+    // of its square never hold back a planet from the mouse.
+    picStar_->setMask(QRegion(0, 0, side, side, QRegion::Ellipse));
 }
 
 QPointF SystemCanvas::toPixels(OrbitGeometry::Point units) const {

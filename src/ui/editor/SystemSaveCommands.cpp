@@ -31,7 +31,8 @@ bool SystemSaveCommands::save() {
         emit statusMessage(QStringLiteral("%1 was not saved.").arg(toQString(name)));
         return report(&window_, false, session_.lastError());
     }
-    if (!session_.lastWarning().empty()) prompts().inform(&window_, toQString(session_.lastWarning()));
+    if (!session_.lastWarning().empty())
+        prompts().inform(&window_, toQString(session_.lastWarning()));
     emit statusMessage(QStringLiteral("Saved %1.").arg(toQString(name)));
     return true;
 }
@@ -67,6 +68,7 @@ void SystemSaveCommands::saveAs() {
     if (!session_.isOpen()) return;
     const std::optional<std::string> name = askSaveAsName();
     if (!name) return;
+    const std::string oldName = session_.name();
     const bool saved = session_.saveAs(*name);
     if (session_.isOpen() && session_.name() == *name) {
         // A name equal to an entry but for the letter case is that entry, now spelled anew.
@@ -78,8 +80,14 @@ void SystemSaveCommands::saveAs() {
         lifecycle_.showAsOpen(index);
     }
     lifecycle_.followSession();
-    if (!report(&window_, saved, session_.lastError())) return;
-    if (!session_.lastWarning().empty()) prompts().inform(&window_, toQString(session_.lastWarning()));
+    if (!saved) {
+        emit statusMessage(
+            QStringLiteral("%1 was not saved as %2.").arg(toQString(oldName), toQString(*name)));
+        report(&window_, false, session_.lastError());
+        return;
+    }
+    if (!session_.lastWarning().empty())
+        prompts().inform(&window_, toQString(session_.lastWarning()));
     emit statusMessage(QStringLiteral("Saved as %1.").arg(toQString(*name)));
 }
 

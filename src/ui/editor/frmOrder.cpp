@@ -65,15 +65,14 @@ void frmOrder::cmdDown_Click() {
 
 void frmOrder::moveEntry(int from, int to) {
     // Planets are numbered from 1, list entries from 0.
-    const std::string step = "Move Planet " + std::to_string(from + 1) + (to < from ? " Up" : " Down");
+    const std::string step =
+        "Move Planet " + std::to_string(from + 1) + (to < from ? " Up" : " Down");
     if (!report(this, swapPlanets(session_, from + 1, to + 1, step), session_.lastError(),
                 "The planets' order could not be saved."))
         return;
-    QListWidgetItem* fromItem = lstPlanets->item(from);
-    QListWidgetItem* toItem = lstPlanets->item(to);
-    const QString text = fromItem->text();
-    fromItem->setText(toItem->text());
-    toItem->setText(text);
+    // Named again from the session: a planet without a name of its own is called after the place
+    // it has now.
+    fillPlanets();
     lstPlanets->setCurrentRow(to);
 }
 

@@ -4,16 +4,15 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QMenu>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QSessionManager>
-#include <QStackedWidget>
 #include <QStatusBar>
 #include <QVBoxLayout>
 
+#include "editor/DisplayNameBox.h"
 #include "editor/InfoPanel.h"
 #include "editor/PlanetCommands.h"
 #include "editor/StarStrip.h"
@@ -37,6 +36,10 @@ frmSSEdit::frmSSEdit(GameFolder folder, QWidget* parent)
     session_.setPictureCodec(&codec_);
     buildControls();
     menus_.build(*this);
+    for (QMenu* menu : findChildren<QMenu*>()) {
+        menu->setToolTipsVisible(true);
+        menu->installEventFilter(this);
+    }
     lifecycle_ = std::make_unique<SystemLifecycle>(*this, session_, *cboSystems);
     saving_ = std::make_unique<SystemSaveCommands>(*this, session_, *cboSystems, *lifecycle_);
     planets_ = std::make_unique<PlanetCommands>(*this, session_);
@@ -70,25 +73,7 @@ void frmSSEdit::buildControls() {
     cmdSave = new QPushButton(QStringLiteral("Sa&ve"), central);
     cmdSave->setObjectName(QStringLiteral("cmdSave"));
 
-    lblName = new QLabel(central);
-    lblName->setObjectName(QStringLiteral("lblName"));
-    lblName->setAlignment(Qt::AlignCenter);
-    lblName->setToolTip(QStringLiteral("Click to change the name the game shows"));
-    QFont nameFont = lblName->font();
-    nameFont.setPointSizeF(nameFont.pointSizeF() * 1.4);
-    nameFont.setBold(true);
-    lblName->setFont(nameFont);
-    lblName->installEventFilter(this);
-    txtName = new QLineEdit(central);
-    txtName->setObjectName(QStringLiteral("txtName"));
-    txtName->setMaxLength(static_cast<int>(kDisplayNameWidth));
-    txtName->setAlignment(Qt::AlignCenter);
-    txtName->setFont(nameFont);
-    txtName->installEventFilter(this);
-    nameStack_ = new QStackedWidget(central);
-    nameStack_->addWidget(lblName);
-    nameStack_->addWidget(txtName);
-    nameStack_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    nameBox_ = new DisplayNameBox(central);
 
     // The raised frame round the canvas.
     auto* canvasFrame = new QFrame(central);
@@ -124,7 +109,7 @@ void frmSSEdit::buildControls() {
     body->addLayout(side);
     auto* layout = new QVBoxLayout(central);
     layout->addLayout(top);
-    layout->addWidget(nameStack_);
+    layout->addWidget(nameBox_);
     layout->addLayout(body, 1);
     statusBar()->setObjectName(QStringLiteral("sbrStatus"));
 }
@@ -155,7 +140,11 @@ void frmSSEdit::connectCommands() {
     for (QObject* source : {static_cast<QObject*>(life), static_cast<QObject*>(saving)}) {
         connect(source, SIGNAL(statusMessage(QString)), statusBar(), SLOT(showMessage(QString)));
     }
-    connect(txtName, &QLineEdit::returnPressed, this, [this] { finishNameEdit(true); });
+    connect(nameBox_, &DisplayNameBox::nameEntered, this, [this](const QString& name) {
+        report(this, setDisplayName(session_, toBytes(name)), session_.lastError());
+    });
+    connect(nameBox_, &DisplayNameBox::editingFinished, picSolarSystem,
+            qOverload<>(&QWidget::setFocus));
     connect(qApp, &QGuiApplication::commitDataRequest, this,
             [this](QSessionManager&) { endWithoutQuestions(); });
     qApp->installEventFilter(this);
@@ -182,9 +171,8 @@ void frmSSEdit::connectPlanetMenus() {
         canvas->setHighlightedPlanet(0);
     });
     for (QAction* entry : menus_.mnuPClass)
-        connect(entry, &QAction::triggered, this, [=] {
-            planets->setPlanetClass(highlighted(), entry->data().toInt());
-        });
+        connect(entry, &QAction::triggered, this,
+                [=] { planets->setPlanetClass(highlighted(), entry->data().toInt()); });
     connect(menus_.mnuStarDesc, &QAction::triggered, this, [planets] { planets->describeStar(); });
     for (QAction* entry : menus_.mnuStarType)
         connect(entry, &QAction::triggered, this,
@@ -251,8 +239,9 @@ void frmSSEdit::refresh(const ChangeNotice& notice) {
     applyEnablingRules();
     menus_.showHistory(toQString(session_.undoName()), toQString(session_.redoName()));
     // The title names the open system and marks it while it has unsaved changes.
-    setWindowTitle(session_.isOpen() ? toQString(session_.name()) + QStringLiteral("[*] - ") + kCaption
-                                     : kCaption);
+    setWindowTitle(session_.isOpen()
+                       ? toQString(session_.name()) + QStringLiteral("[*] - ") + kCaption
+                       : kCaption);
     setWindowModified(session_.isModified());
 }
 
@@ -266,7 +255,8 @@ void frmSSEdit::updateInfo() {
                             record.planet(planet).Attributes);
         picInfo->show();
     }
-    lblName->setText(toQString(record.trimmedDisplayName()));
+    nameBox_->setName(toQString(record.trimmedDisplayName()));
+    nameBox_->setEditable(session_.isOpen());
     picStar->setToolTip(session_.isOpen() ? toQString(planetName(session_.store(), 0)) : QString());
 }
 
@@ -359,6 +349,14 @@ void frmSSEdit::closeEvent(QCloseEvent* event) {
     event->ignore();
 }
 
+void frmSSEdit::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    // Back from a dialog or message box (or another program): while this window was blocked the
+    // canvas saw none of the pointer's moves, so the highlight follows where the pointer is now.
+    if (event->type() == QEvent::ActivationChange && isActiveWindow())
+        picSolarSystem->trackPointer();
+}
+
 bool frmSSEdit::eventFilter(QObject* watched, QEvent* event) {
     if (watched == qApp) {
         // The application is told to quit (not the user closing this window): its windows
@@ -366,46 +364,15 @@ bool frmSSEdit::eventFilter(QObject* watched, QEvent* event) {
         if (event->type() == QEvent::Quit) endWithoutQuestions();
         return false;
     }
-    if (watched == lblName && event->type() == QEvent::MouseButtonPress) {
-        beginNameEdit();
-        return true;
-    }
-    if (watched == txtName) {
-        if (event->type() == QEvent::KeyPress &&
-            static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
-            finishNameEdit(false);
-            return true;
-        }
-        if (event->type() == QEvent::FocusOut && !refusingName_) finishNameEdit(false);
+    if (auto* menu = qobject_cast<QMenu*>(watched); menu && event->type() == QEvent::MouseMove) {
+        // Qt tells the status line nothing of a context menu's entries or of disabled ones: the
+        // line says what the entry under the pointer does, or why it is not available.
+        const QAction* entry =
+            menu->actionAt(static_cast<QMouseEvent*>(event)->position().toPoint());
+        statusBar()->showMessage(entry ? entry->statusTip() : QString());
+        return false;
     }
     return QMainWindow::eventFilter(watched, event);
-}
-
-void frmSSEdit::beginNameEdit() {
-    if (!session_.isOpen()) return;
-    txtName->setText(toQString(session_.record().trimmedDisplayName()));
-    nameStack_->setCurrentWidget(txtName);
-    txtName->selectAll();
-    txtName->setFocus();
-}
-
-void frmSSEdit::finishNameEdit(bool keep) {
-    if (nameStack_->currentWidget() != txtName) return;
-    const QString typed = txtName->text();
-    if (keep) {
-        if (const QString unstorable = unstorableCharacters(typed); !unstorable.isEmpty()) {
-            // The box stays open for a correction; the message must not close it by taking the
-            // focus away.
-            refusingName_ = true;
-            prompts().inform(this, unstorableMessage(unstorable));
-            refusingName_ = false;
-            txtName->setFocus();
-            return;
-        }
-    }
-    nameStack_->setCurrentWidget(lblName);
-    if (keep) report(this, setDisplayName(session_, toBytes(typed)), session_.lastError());
-    picSolarSystem->setFocus();
 }
 
 }  // namespace orr::ui

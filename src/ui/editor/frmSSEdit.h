@@ -18,12 +18,11 @@
 #include "session/EditSession.h"
 
 class QLabel;
-class QLineEdit;
 class QPushButton;
-class QStackedWidget;
 
 namespace orr::ui {
 
+class DisplayNameBox;
 class InfoPanel;
 class PlanetCommands;
 class StarStrip;
@@ -66,6 +65,7 @@ class frmSSEdit : public QMainWindow {
 
   protected:
     void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
@@ -79,8 +79,6 @@ class frmSSEdit : public QMainWindow {
     void showStarPicture();
     void runPlanetMenu(int planet, const QPoint& globalPos);
     void runStarMenu(const QPoint& globalPos);
-    void beginNameEdit();
-    void finishNameEdit(bool keep);
     void undoOrRedo(bool redo);
 
     EditSession session_;
@@ -95,9 +93,7 @@ class frmSSEdit : public QMainWindow {
     SystemCanvas* picSolarSystem;
     StarView* picStar;
     StarStrip* clpStars;
-    QStackedWidget* nameStack_;
-    QLabel* lblName;
-    QLineEdit* txtName;
+    DisplayNameBox* nameBox_;  // lblName with its editor txtName
     InfoPanel* picInfo;
     MainMenus menus_;
 
@@ -107,7 +103,6 @@ class frmSSEdit : public QMainWindow {
     int dragId_ = 0;
     bool endingQuietly_ = false;
     bool exitConfirmed_ = false;
-    bool refusingName_ = false;  // the display name box shows why it cannot take a text
 };
 
 }  // namespace orr::ui

@@ -209,8 +209,9 @@ QWidget* frmMessages::buildEditButtons() {
     cmdTest = button(QStringLiteral("&Test"), QStringLiteral("cmdTest"), column);
     cmdTest->setEnabled(false);  // the test console is not part of this window yet
     cmdSave = button(QStringLiteral("&Save"), QStringLiteral("cmdSave"), column);
-    cmdCancel = button(QStringLiteral("&Cancel"), QStringLiteral("cmdCancel"), column);
-    cmdDelete = button(QStringLiteral("&Delete"), QStringLiteral("cmdDelete"), column);
+    // While a line is edited, "&Close" and "A&dd Group" stay in sight: these two take other keys.
+    cmdCancel = button(QStringLiteral("Ca&ncel"), QStringLiteral("cmdCancel"), column);
+    cmdDelete = button(QStringLiteral("De&lete"), QStringLiteral("cmdDelete"), column);
 
     auto* swaps = new QHBoxLayout;
     swaps->setContentsMargins(0, 0, 0, 0);

@@ -4,17 +4,17 @@
 
 #include <algorithm>
 
+#include "store/PictureFiles.h"
 #include "store/SystemList.h"
 #include "store/SystemName.h"
-#include "store/PictureFiles.h"
 #include "support/GameFolderFixture.h"
 
 namespace orr {
 namespace {
 
 using test::crlf;
-using test::StoreTest;
 using test::entryNames;
+using test::StoreTest;
 using test::writeBytes;
 using Names = std::vector<std::string>;
 
@@ -38,6 +38,11 @@ TEST(SystemNameTest, UnusableNamesGiveASentence) {
         {".Sol", "A system name cannot begin or end with a dot."},
         {std::string(201, 'x'), "A system name can have at most 200 characters."},
         {"com1.x", "\"COM1\" is a device name reserved by Windows and cannot be a system name."},
+        // Every forbidden character is named at once, each once.
+        {"a/b:c/d?", "A system name cannot contain the characters '/', ':' and '?'."},
+        {"a|b\tc",
+         "A system name cannot contain the characters '|' or control characters such "
+         "as tabs or line breaks."},
     };
     for (const auto& [name, reason] : cases) EXPECT_EQ(CheckSystemName(name), reason) << name;
     for (const std::string& name : Names{"Sol\tII", std::string("S\0l", 3), "S\x7fl"}) {
@@ -62,10 +67,10 @@ class SystemFilesTest : public StoreTest {
 };
 
 TEST_F(SystemFilesTest, PictureFilesOfExactlyThisSystem) {
-    for (const char* name : {"Sol.bmp", "sol.GIF", "SolSun.bmp", "SOLSUN.JPG", "Sol1.avi",
-                             "Sol10.AVI", "SolX.bmp", "SolXSun.bmp", "Sol11.avi", "Sol0.avi",
-                             "Sol01.avi", "Sol1.bmp", "Sol.x.bmp", "SolSun.x.bmp", "Sol", "Sol.",
-                             "Solar.bmp", "Vega.bmp"})
+    for (const char* name :
+         {"Sol.bmp", "sol.GIF", "SolSun.bmp", "SOLSUN.JPG", "Sol1.avi", "Sol10.AVI", "SolX.bmp",
+          "SolXSun.bmp", "Sol11.avi", "Sol0.avi", "Sol01.avi", "Sol1.bmp", "Sol.x.bmp",
+          "SolSun.x.bmp", "Sol", "Sol.", "Solar.bmp", "Vega.bmp"})
         writeBytes(game.pictures() / name, "picture");
     fs::create_directory(game.pictures() / "Sol.dir");
     EXPECT_EQ(pictureNames("Sol"),
