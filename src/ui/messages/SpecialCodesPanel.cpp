@@ -3,8 +3,8 @@
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QGridLayout>
-#include <QLabel>
 #include <QListWidget>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <algorithm>
@@ -27,13 +27,19 @@ SpecialCodesPanel::SpecialCodesPanel(QWidget* parent) : QGroupBox(kCaption, pare
     cboSpecial->view()->setTextElideMode(Qt::ElideRight);
     lstSpecial = new QListWidget(this);
     lstSpecial->setObjectName(QStringLiteral("lstSpecial"));
-    // The chosen or selected entry's explanation, wrapped to the frame's width.
-    lblExplanation = new QLabel(this);
-    lblExplanation->setObjectName(QStringLiteral("lblExplanation"));
-    lblExplanation->setWordWrap(true);
-    lblExplanation->setTextFormat(Qt::PlainText);
-    lblExplanation->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    lblExplanation->hide();
+    lstSpecial->setMinimumHeight(lstSpecial->fontMetrics().lineSpacing() * 3);
+    // The chosen or selected entry's explanation, wrapped to the frame's width in a box of two
+    // lines that scrolls, so that neither a long explanation nor none moves the other controls.
+    txtExplanation = new QPlainTextEdit(this);
+    txtExplanation->setObjectName(QStringLiteral("txtExplanation"));
+    txtExplanation->setReadOnly(true);
+    txtExplanation->setFocusPolicy(Qt::NoFocus);
+    txtExplanation->setFrameShape(QFrame::NoFrame);
+    txtExplanation->viewport()->setAutoFillBackground(false);
+    txtExplanation->document()->setDocumentMargin(0);
+    txtExplanation->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    txtExplanation->setFixedHeight(txtExplanation->fontMetrics().lineSpacing() * 2);
+    txtExplanation->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     cmdSpAdd = new QPushButton(QStringLiteral("Add"), this);
     cmdSpAdd->setObjectName(QStringLiteral("cmdSpAdd"));
     cmdSpDelete = new QPushButton(QStringLiteral("Delete"), this);
@@ -48,7 +54,7 @@ SpecialCodesPanel::SpecialCodesPanel(QWidget* parent) : QGroupBox(kCaption, pare
     auto* layout = new QGridLayout(this);
     layout->addWidget(cboSpecial, 0, 0, 1, 3);
     layout->addWidget(lstSpecial, 1, 0, 1, 3);
-    layout->addWidget(lblExplanation, 2, 0, 1, 3);
+    layout->addWidget(txtExplanation, 2, 0, 1, 3);
     layout->addWidget(cmdSpAdd, 3, 0);
     layout->addWidget(cmdSpEdit, 3, 1);
     layout->addWidget(cmdSpDelete, 3, 2);
@@ -139,8 +145,7 @@ void SpecialCodesPanel::chooseEntry(int index) {
 }
 
 void SpecialCodesPanel::showExplanation(const std::string& explanation) {
-    lblExplanation->setText(toQString(explanation));
-    lblExplanation->setVisible(!explanation.empty());
+    txtExplanation->setPlainText(toQString(explanation));
 }
 
 void SpecialCodesPanel::addChosen() {

@@ -14,8 +14,8 @@
 #include "messages/SpecialEntry.h"
 
 class QComboBox;
-class QLabel;
 class QListWidget;
+class QPlainTextEdit;
 class QPushButton;
 
 namespace orr::ui {
@@ -64,7 +64,7 @@ class SpecialCodesPanel : public QGroupBox {
     QPushButton* cmdSpAdd;
     QPushButton* cmdSpDelete;
     QPushButton* cmdSpEdit;
-    QLabel* lblExplanation;
+    QPlainTextEdit* txtExplanation;
 
     void showAttached(int selectRow);
     void updateAddButton();
