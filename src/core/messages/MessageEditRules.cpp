@@ -117,9 +117,60 @@ std::string answerGroupProblem(std::string_view answerGroup, Direction direction
     return {};
 }
 
-std::string argumentProblem(std::string_view value) {
+namespace {
+
+enum class ArgumentKind { Text, Number, ShipSystem, Flag };
+
+// What the game reads after `code` (its interpreter's table of star codes and conditions).
+ArgumentKind argumentKind(std::string_view code) {
+    for (const char* system : {"*D", "*D!", "*F", "*F!", "*R", "*R!"})
+        if (code == system) return ArgumentKind::ShipSystem;
+    for (const char* flag : {"*SF", "*CF", "*TF", "%F", "%f"})
+        if (code == flag) return ArgumentKind::Flag;
+    if (code == "*A" || code == "*H" || code == "*SP" || code.starts_with("*+") ||
+        code.starts_with("*-"))
+        return ArgumentKind::Number;
+    return ArgumentKind::Text;
+}
+
+bool isWholeNumber(std::string_view value, int maximum) {
+    if (value.empty() || value.size() > 5) return false;
+    if (!std::all_of(value.begin(), value.end(), [](char c) { return c >= '0' && c <= '9'; }))
+        return false;
+    return std::stoi(std::string(value)) <= maximum;
+}
+
+}  // namespace
+
+std::string argumentProblem(std::string_view code, std::string_view value) {
     if (value.find_first_of("*()[]") != std::string_view::npos)
         return "An argument cannot contain \"*\" or brackets.";
+    const std::string of = "The value of " + std::string(code) + " must be ";
+    switch (argumentKind(code)) {
+        case ArgumentKind::Number: {
+            // Retrofit kinds run from 0 to 5; the game keeps the other values in 16 bits.
+            const int maximum = code == "*SP" ? 5 : 32767;
+            if (isWholeNumber(value, maximum)) return {};
+            return of + "a whole number from 0 to " + std::to_string(maximum) + ", not " +
+                   inDoubleQuotes(value) + ".";
+        }
+        case ArgumentKind::ShipSystem:
+            if (value.size() == 2 && value[0] == 'S' && value[1] >= '0' &&
+                value[1] < '0' + kShipSystemCount)
+                return {};
+            return of +
+                   "a ship system: S followed by its number from 0 to 8 (S3 is the Long "
+                   "Range Scanners), not " +
+                   inDoubleQuotes(value) + ".";
+        case ArgumentKind::Flag:
+            if (value.size() == 1 &&
+                ((value[0] >= 'A' && value[0] <= 'Z') || (value[0] >= '0' && value[0] <= '9')))
+                return {};
+            return of + "one flag: a letter from A to Z or a digit from 0 to 9, not " +
+                   inDoubleQuotes(value) + ".";
+        case ArgumentKind::Text:
+            break;
+    }
     return {};
 }
 

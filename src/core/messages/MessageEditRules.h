@@ -33,8 +33,12 @@ std::string groupNameProblem(std::string_view name);
 // line's own group.
 std::string answerGroupProblem(std::string_view answerGroup, Direction direction);
 
-// Why `value` cannot be a code's argument (it would end the code early); empty when it can.
-std::string argumentProblem(std::string_view value);
+// Why `value` cannot be the argument of the special code `code` ("*H", "*D", "%F"); empty when it
+// can. No argument may end the code early ("*", brackets); the game reads a whole number after
+// the supply, time, shield-hit, allowance and retrofit codes, a ship system ("S" + digit) after
+// the damage, repair and ship-system condition codes, and one flag character after the flag
+// codes.
+std::string argumentProblem(std::string_view code, std::string_view value);
 
 // What would be lost or changed if `line` were stored in `group` and `direction` and read back
 // with `codes`: one sentence per problem, empty when the line reads back as written.

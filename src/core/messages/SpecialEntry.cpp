@@ -6,7 +6,12 @@
 
 namespace orr {
 
-SpecialEntry::SpecialEntry(std::string line) : line_(std::move(line)) {}
+SpecialEntry::SpecialEntry(std::string line) : line_(std::move(line)) {
+    const auto at = line_.find(kExplanationSeparator);
+    if (at == std::string::npos) return;
+    explanation_ = line_.substr(at + std::string_view(kExplanationSeparator).size());
+    line_.erase(at);
+}
 
 bool SpecialEntry::isHeading() const {
     return line_.find(kCodeSeparator) == std::string::npos;

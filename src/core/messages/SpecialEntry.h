@@ -6,6 +6,10 @@
 // placeholder, but keeps the argument apart from the listed line: an argument read from a file
 // may hold brackets itself ("*A[" gives the argument "["), and must be written back unchanged.
 // A line without " - " is a heading: listed, never attached.
+//
+// A line may end in " -- " + a longer explanation, which the editor shows apart (as a tool tip
+// and below the list) so that the list stays narrow; placeholders stand before it. A reader that
+// does not know this shows the explanation as part of the description, which still reads well.
 
 #include <optional>
 #include <string>
@@ -26,6 +30,7 @@ struct ArgumentEditor {
 };
 
 inline constexpr const char* kCodeSeparator = " - ";
+inline constexpr const char* kExplanationSeparator = " -- ";
 inline constexpr int kShipSystemCount = 9;
 
 class SpecialEntry {
@@ -33,8 +38,11 @@ class SpecialEntry {
     SpecialEntry() = default;
     explicit SpecialEntry(std::string line);
 
-    // The listed line with the placeholders holding the current arguments, as the editor shows it.
+    // The listed line with the placeholders holding the current arguments, as the editor shows it
+    // (without the explanation).
     std::string line() const;
+    // The longer explanation after " -- "; empty when the file gives none.
+    const std::string& explanation() const { return explanation_; }
     bool isHeading() const;
     std::string code() const;         // text before the first " - "; empty for a heading
     std::string description() const;  // text after the first " - "
@@ -70,7 +78,8 @@ class SpecialEntry {
     bool operator==(const SpecialEntry& other) const;
 
   private:
-    std::string line_;                  // as listed, placeholders holding their defaults
+    std::string line_;  // as listed, placeholders holding their defaults
+    std::string explanation_;
     std::optional<std::string> round_;  // the arguments set since, if any
     std::optional<std::string> square_;
 

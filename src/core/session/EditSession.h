@@ -87,6 +87,9 @@ class EditSession {
     using Listener = std::function<void(const ChangeNotice&)>;
     int subscribe(Listener listener);
     void unsubscribe(int id);
+    // Expires when the session is destroyed: a listener that may outlive the session (a window
+    // whose parent owns it) unsubscribes only while this has not expired.
+    std::weak_ptr<const void> lifetime() const { return lifetime_; }
 
     // One command: its writes go to disk together, and only when all of them worked does it
     // become a step of the history and a notice. A command that is not committed, or whose
@@ -108,8 +111,7 @@ class EditSession {
 
       private:
         friend class EditSession;
-        Command(EditSession& session, std::string name, ChangeNotice notice,
-                std::string mergeKey);
+        Command(EditSession& session, std::string name, ChangeNotice notice, std::string mergeKey);
         void rollBack();
 
         EditSession& session_;
@@ -134,6 +136,7 @@ class EditSession {
     bool hasBlock_ = false;
     History history_;
     std::map<int, Listener> listeners_;
+    std::shared_ptr<const void> lifetime_ = std::make_shared<int>(0);
     int nextListener_ = 1;
     std::string lastError_;
     std::string lastWarning_;

@@ -41,7 +41,8 @@ bool openMessageEditor(QWidget* parent, EditSession& store, int planet) {
 
 bool openMessageEditor(QWidget* parent, EditSession& store, int planet, bool customMessages) {
     frmMessages& editor = messageEditorFor(parent, store);
-    return editor.openForPlanet(planet, toQString(planetName(store.store(), planet)), customMessages);
+    return editor.openForPlanet(planet, toQString(planetName(store.store(), planet)),
+                                customMessages);
 }
 
 }  // namespace orr::ui

@@ -13,10 +13,11 @@
 
 #include "messages/Flags.h"
 #include "messages/PlanetMessageStore.h"
-#include "session/MessageEdits.h"
 #include "messages/SpecialEntry.h"
+#include "platform/Modal.h"
 #include "platform/Prompts.h"
 #include "platform/QtText.h"
+#include "session/MessageEdits.h"
 
 namespace orr::ui {
 
@@ -86,7 +87,7 @@ void frmFlag::prepare(const QString& current) {
 
 QString frmFlag::GetFlagChar(const QString& current) {
     prepare(current);
-    exec();
+    runDialog(*this);
     return chosenFlag();
 }
 
@@ -130,15 +131,10 @@ void frmFlag::cmdOK_Click() {
         return;
     }
     const char flag = FlagChar(index);
-    if (!setFlagDescription(session_, planet_, flag, description)) {
-        MessagePrompt prompt;
-        prompt.text = session_.lastError().empty()
-                          ? QStringLiteral("The flag's description could not be written.")
-                          : toQString(session_.lastError());
-        prompt.icon = PromptIcon::Exclamation;
-        prompts().message(this, prompt);
+    // One step of the session's history ("Describe Flag C").
+    if (!report(this, setFlagDescription(session_, planet_, flag, description),
+                session_.lastError(), "The flag's description could not be written."))
         return;
-    }
     cboFlag->setItemText(index, toQString(std::string(1, flag) + kCodeSeparator + description));
     chosen_ = index;
     accept();

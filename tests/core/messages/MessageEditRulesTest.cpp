@@ -87,5 +87,36 @@ TEST(GroupNames, OneRuleForTheEditorAndTheTool) {
     EXPECT_EQ(answerGroupProblem("", Direction::Message), "");
 }
 
+TEST(ArgumentValues, EachCodeGetsTheKindOfValueTheGameReads) {
+    struct Case {
+        const char* code;
+        const char* value;
+        const char* problem;  // a word of the message; empty: accepted
+    };
+    const Case cases[] = {
+        {"*H", "100", ""},
+        {"*H", "lots", "whole number"},
+        {"*+EN", "-5", "whole number"},
+        {"*-TI", "99999", "32767"},
+        {"*SP", "5", ""},
+        {"*SP", "6", "0 to 5"},
+        {"*D", "S8", ""},
+        {"*D!", "S9", "ship system"},
+        {"*R", "3", "ship system"},
+        {"*SF", "7", ""},
+        {"%F", "a", "flag"},
+        {"*A", "4*H1", "brackets"},
+        {"*Z", "free text", ""},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(std::string(c.code) + c.value);
+        const std::string problem = argumentProblem(c.code, c.value);
+        if (*c.problem == '\0')
+            EXPECT_EQ(problem, "");
+        else
+            EXPECT_NE(problem.find(c.problem), std::string::npos) << problem;
+    }
+}
+
 }  // namespace
 }  // namespace orr

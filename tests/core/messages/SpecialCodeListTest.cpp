@@ -52,6 +52,12 @@ TEST(SpecialEntry, PlaceholdersHoldTheArgument) {
     const SpecialEntry flag("%F - Only while flag [A] is set");
     EXPECT_EQ(flag.withArgument("Q").storedCode(), "%FQ");
 
+    // An explanation stands apart, and brackets in it are no placeholder.
+    const SpecialEntry explained("*D - Damages (S0) -- S0 picks one (at random)");
+    EXPECT_EQ(explained.line(), "*D - Damages (S0)");
+    EXPECT_EQ(explained.explanation(), "S0 picks one (at random)");
+    EXPECT_EQ(explained.withArgument("S4").storedCode(), "*DS4");
+
     const SpecialEntry bare("*FALL - Repairs everything");
     EXPECT_EQ(bare.withArgument("x"), bare);
     EXPECT_FALSE(bare.canEditArgument());
