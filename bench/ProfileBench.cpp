@@ -212,6 +212,8 @@ void Read1000Store(benchmark::State& state) {
     const auto keys = readKeys();
     store.document(file.path());
     for (auto _ : state) {
+        // A window's refresh: the file is looked at once, then every read trusts the cache.
+        store.recheck();
         for (const auto& [section, key] : keys) {
             benchmark::DoNotOptimize(store.readValue(file.path(), section, key));
         }
@@ -220,7 +222,7 @@ void Read1000Store(benchmark::State& state) {
         state.SkipWithError("the generated descriptor does not read back as written");
     }
     state.counters["target_speedup"] = 50;
-    state.SetLabel("1,000 keys of " + file.sizeText() + ", cached (one check of the file each)");
+    state.SetLabel("1,000 keys of " + file.sizeText() + ", cached (the file checked once for them all)");
 }
 
 void Read1000Naive(benchmark::State& state) {

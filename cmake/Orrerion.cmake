@@ -24,7 +24,7 @@ function(orrerion_tests dir kind)
         set(target test_${prefix}_${name})
         add_executable(${target} ${src} ${helpers})
         target_include_directories(${target} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
-        target_link_libraries(${target} PRIVATE ${ARG_LIBS})
+        target_link_libraries(${target} PRIVATE ${ARG_LIBS} orrerion_test_support)
         target_compile_definitions(${target} PRIVATE
             ORRERION_SOURCE_DIR="${CMAKE_SOURCE_DIR}"
             ORRERION_BINARY_DIR="${CMAKE_BINARY_DIR}")

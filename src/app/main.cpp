@@ -5,19 +5,14 @@
 // folder is the one that holds that descriptor's ORBDescriptor folder.
 
 #include <QApplication>
-#include <QComboBox>
 #include <QCommandLineParser>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QListWidget>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QTimer>
 #include <cstdio>
 #include <string>
 
-#include "editor/SystemCanvas.h"
+#include "Screenshots.h"
 #include "editor/frmAbout.h"
 #include "editor/frmSSEdit.h"
 #include "messages/MessageEditorLauncher.h"
@@ -99,62 +94,6 @@ bool parseCommandLine(const QApplication& app, StartRequest& request) {
     return true;
 }
 
-// Ends a picture run: the working copy goes without a question (pictures are taken of a copy of
-// the demo folder, and a question would wait for nobody under a virtual display).
-void closeWithoutSaving(orr::ui::frmSSEdit& window) {
-    if (window.store().IsEditing()) window.store().EndEdit(false);
-    window.close();
-}
-
-// Saves `widget` as `file` once the layout has settled, then ends the program.
-void grabLater(orr::ui::frmSSEdit& window, QWidget& widget, const QString& file) {
-    QTimer::singleShot(300, &window, [&window, &widget, file] {
-        const bool saved = widget.grab().save(file);
-        if (!saved) fail(QStringLiteral("cannot write '%1'.").arg(file));
-        if (&widget != &window) widget.close();
-        closeWithoutSaving(window);
-        QCoreApplication::exit(saved ? 0 : 1);
-    });
-}
-
-// The main window as if the mouse rested on the second planet, so the info panel shows.
-void screenshotMainWindow(orr::ui::frmSSEdit& window, const QString& file) {
-    if (window.store().record().PlanetCount >= 2) {
-        window.picSolarSystem->setHighlightedPlanet(2);
-        window.DrawSystem();
-    }
-    grabLater(window, window, file);
-}
-
-// The message editor on the second planet, opened as the planet menu opens it, showing the
-// responses of group "Treaty" with the first one being edited. False when the open system has
-// no such planet or group.
-bool screenshotMessageEditor(orr::ui::frmSSEdit& window, const QString& file) {
-    constexpr int kPlanet = 2;
-    const QString group = QStringLiteral("Treaty");
-    orr::SystemStore& store = window.store();
-    if (store.record().PlanetCount < kPlanet || !window.messageEditorOpener()) {
-        fail(QStringLiteral("the open system has no planet %1.").arg(kPlanet));
-        return false;
-    }
-    orr::ui::frmMessages& editor = orr::ui::messageEditorFor(&window, store);
-    // Shown without a modal loop of its own, so the picture can be taken while it is open.
-    editor.setDialogRunner([](QDialog& dialog) { dialog.show(); });
-    window.messageEditorOpener()(kPlanet, store.GetGeneralFlag(orr::kMessagesFlag, kPlanet) == 1);
-
-    editor.optDir[2]->click();  // Response
-    const int groupIndex = editor.cboGroup->findText(group);
-    if (groupIndex < 0) {
-        fail(QStringLiteral("planet %1 has no response group '%2'.").arg(kPlanet).arg(group));
-        return false;
-    }
-    editor.cboGroup->setCurrentIndex(groupIndex);
-    editor.lstMessages->setCurrentRow(0);
-    editor.cmdEdit->click();
-    grabLater(window, editor, file);
-    return true;
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -170,21 +109,17 @@ int main(int argc, char** argv) {
     orr::ui::frmSSEdit window{orr::GameFolder(folder)};
     if (!window.startUp()) return 1;
     window.setMessageEditorOpener([&window](int planet, bool customMessages) {
-        return orr::ui::openMessageEditor(&window, window.store(), planet, customMessages);
+        return orr::ui::openMessageEditor(&window, window.session(), planet, customMessages);
     });
-    // The message editor reads a system's groups again after another system was opened.
-    QObject::connect(&window, &orr::ui::frmSSEdit::systemOpened,
-                     &orr::ui::messageEditorFor(&window, window.store()),
-                     &orr::ui::frmMessages::markForReload);
     window.show();
     const bool screenshot = !request.screenshot.isEmpty() || !request.messagesScreenshot.isEmpty();
     if (!screenshot) window.showAboutIfWanted();
     if (!request.system.empty()) window.openSystemNamed(request.system);
 
-    if (!request.screenshot.isEmpty()) screenshotMainWindow(window, request.screenshot);
+    if (!request.screenshot.isEmpty()) orr::app::screenshotMainWindow(window, request.screenshot);
     if (!request.messagesScreenshot.isEmpty() &&
-        !screenshotMessageEditor(window, request.messagesScreenshot)) {
-        closeWithoutSaving(window);
+        !orr::app::screenshotMessageEditor(window, request.messagesScreenshot)) {
+        orr::app::closeWithoutSaving(window);
         return 1;
     }
     return app.exec();

@@ -1,5 +1,6 @@
 #include "CliSupport.h"
 
+#include <iostream>
 #include <system_error>
 
 #include "Command.h"
@@ -10,37 +11,6 @@ namespace orr::cli {
 
 namespace {
 
-bool isValidUtf8(std::string_view s) {
-    std::size_t i = 0;
-    while (i < s.size()) {
-        const auto c = static_cast<unsigned char>(s[i]);
-        int follow = 0;
-        if (c < 0x80) {
-            follow = 0;
-        } else if (c >= 0xC2 && c <= 0xDF) {
-            follow = 1;
-        } else if (c >= 0xE0 && c <= 0xEF) {
-            follow = 2;
-        } else if (c >= 0xF0 && c <= 0xF4) {
-            follow = 3;
-        } else {
-            return false;
-        }
-        if (i + follow >= s.size() && follow > 0) return false;
-        for (int k = 1; k <= follow; ++k) {
-            const auto f = static_cast<unsigned char>(s[i + k]);
-            if ((f & 0xC0) != 0x80) return false;
-        }
-        // Overlong forms, surrogates and code points above U+10FFFF are not UTF-8 either.
-        const auto second = follow > 0 ? static_cast<unsigned char>(s[i + 1]) : 0;
-        if ((c == 0xE0 && second < 0xA0) || (c == 0xED && second >= 0xA0) ||
-            (c == 0xF0 && second < 0x90) || (c == 0xF4 && second >= 0x90))
-            return false;
-        i += follow + 1;
-    }
-    return true;
-}
-
 std::string planetsPhrase(int count) {
     if (count == 0) return "it has no planets";
     if (count == 1) return "it has 1 planet";
@@ -50,12 +20,24 @@ std::string planetsPhrase(int count) {
 }  // namespace
 
 QString argumentFromRaw(std::string_view raw) {
-    if (isValidUtf8(raw)) return QString::fromUtf8(raw.data(), static_cast<qsizetype>(raw.size()));
+    if (text::isValidUtf8(raw))
+        return QString::fromUtf8(raw.data(), static_cast<qsizetype>(raw.size()));
     return textOf(raw);
 }
 
 std::string bytesOf(const QString& argument) {
     return text::utf8ToCp1252(argument.toUtf8().toStdString());
+}
+
+std::string storableBytesOf(const QString& argument, const std::string& what) {
+    return storableBytes(argument.toUtf8().toStdString(), what);
+}
+
+std::string storableBytes(const std::string& utf8, const std::string& what) {
+    text::Cp1252Conversion converted = text::utf8ToCp1252Strict(utf8);
+    if (!converted.storable())
+        throw CliError(what + ": " + text::unstorableMessage(converted.unstorable));
+    return std::move(converted.bytes);
 }
 
 QString textOf(std::string_view cp1252) {
@@ -107,69 +89,49 @@ void requireNoWorkingCopy(const SystemStore& store, const std::string& name) {
     }
 }
 
-EditSession::EditSession(SystemStore& store, const std::string& name) : store_(store) {
-    requireNoWorkingCopy(store_, name);
-    store_.record().Name = name;
-    try {
-        // No backup exists (checked above), so the question is never asked.
-        if (!store_.BeginEdit([] { return false; }))
-            fail("The working copy of " + inQuotes(name) + " could not be made.");
-        loaded_ = store_.LoadSystem(name);
-        if (!loaded_.warning.empty()) {
-            throw CliError("Nothing was changed. " + loaded_.warning +
-                           " Open the system in the editor to repair it.");
-        }
-    } catch (...) {
-        discard();
-        throw;
+SystemChange::SystemChange(const GameFolder& folder, const QString& argument) : session_(folder) {
+    const std::string name = existingSystem(session_.store(), argument);
+    requireNoWorkingCopy(session_.store(), name);
+    LoadResult loaded;
+    // No backup exists (checked above), so the question is never asked.
+    if (!session_.open(name, [] { return false; }, &loaded)) {
+        throw CliError(session_.lastError().empty() ? "The system " + inQuotes(name) +
+                                                          " could not be opened."
+                                                    : session_.lastError());
+    }
+    if (!loaded.warning.empty()) {
+        session_.discard();
+        throw CliError(loaded.warning + " Nothing was changed.");
     }
 }
 
-EditSession::~EditSession() {
-    if (!committed_) discard();
+SystemChange::~SystemChange() {
+    if (!committed_ && session_.isOpen()) session_.discard();
 }
 
-void EditSession::requireBlock() const {
-    if (!loaded_.blockFound) {
-        throw CliError("The descriptor of " + inQuotes(store_.record().Name) +
-                       " holds no system block, so its planets cannot be changed.");
-    }
-}
-
-int EditSession::planetArgument(const QString& argument, int min) const {
-    const int count = store_.record().PlanetCount;
+int SystemChange::planetArgument(const QString& argument, int min) const {
+    const int count = session_.record().PlanetCount;
     long long value = 0;
     if (!text::parseInteger(bytesOf(argument), -1000000, 1000000, value))
         throw CliError(inQuotes(bytesOf(argument)) + " is not a planet number.");
     if (value < min || value > count) {
         throw CliError("There is no planet " + std::to_string(value) + " in " +
-                       inQuotes(store_.record().Name) + ": " + planetsPhrase(count) + ".");
+                       inQuotes(session_.name()) + ": " + planetsPhrase(count) + ".");
     }
     return static_cast<int>(value);
 }
 
-void EditSession::fail(const std::string& fallback) const {
-    throw CliError(store_.lastError().empty() ? fallback : store_.lastError());
+void SystemChange::require(bool ok, const std::string& fallback) const {
+    if (!ok) throw CliError(session_.lastError().empty() ? fallback : session_.lastError());
 }
 
-void EditSession::commit() {
-    const std::string name = store_.record().Name;
-    if (!store_.SaveSystemBlock()) fail("The system " + inQuotes(name) + " could not be saved.");
-    if (!store_.EndEdit(true)) fail("The system " + inQuotes(name) + " could not be saved.");
+void SystemChange::commit() {
+    const std::string name = session_.name();
+    require(session_.commit(), "The system " + inQuotes(name) + " could not be saved.");
     committed_ = true;
-    // The store deletes the working copy after a successful save; make sure of it.
-    std::error_code error;
-    fs::remove(store_.descriptorPath(name, ".edt"), error);
-}
-
-void EditSession::discard() noexcept {
-    try {
-        if (store_.IsEditing()) store_.EndEdit(false);
-        std::error_code error;
-        fs::remove(store_.descriptorPath(store_.record().Name, ".edt"), error);
-    } catch (...) {
-        // Discarding is the last resort after a failure; the failure is already being reported.
-    }
+    // Saved; a working copy that could not be deleted is reported but changes nothing.
+    if (!session_.lastWarning().empty())
+        std::cerr << "orrerion-cli: warning: " << session_.lastWarning() << '\n';
 }
 
 }  // namespace orr::cli

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "session/EditSession.h"
 #include "store/SystemStore.h"
 
 namespace orr::cli {
@@ -18,6 +19,11 @@ namespace orr::cli {
 QString argumentFromRaw(std::string_view raw);
 std::string bytesOf(const QString& argument);
 QString textOf(std::string_view cp1252);  // game bytes for JSON and Qt
+
+// The bytes of a text that will be stored, refused (a CliError naming `what`) with the editor's
+// sentence when Windows-1252 cannot hold a character of it, never replaced by "?".
+std::string storableBytesOf(const QString& argument, const std::string& what);
+std::string storableBytes(const std::string& utf8, const std::string& what);
 
 // The argument as an integer in [min, max]; otherwise a CliError naming `what`.
 int numberArgument(const QString& argument, int min, int max, const std::string& what);
@@ -35,38 +41,30 @@ std::string existingSystem(const SystemStore& store, const QString& argument);
 // Refuses when `name` has a working copy (name.edt): the editor has it open or a backup waits.
 void requireNoWorkingCopy(const SystemStore& store, const std::string& name);
 
-// One change of a saved system, as the editor makes it: BeginEdit and LoadSystem on a fresh
-// working copy; the change writes into the working copy; commit() saves the block and copies the
-// working copy over the descriptor. Whenever the session ends without a successful commit the
-// working copy is discarded, so no stray .edt stays behind.
-class EditSession {
+// One change of a saved system, as the editor makes it: the system opened by the core's edit
+// session in a fresh working copy (refused when one exists: the editor has it open or a backup
+// waits), changed through the session's commands, and saved by commit(). Whenever the change ends
+// without a successful commit the working copy is discarded, so no stray .edt stays behind.
+class SystemChange {
   public:
-    EditSession(SystemStore& store, const std::string& name);
-    ~EditSession();
-    EditSession(const EditSession&) = delete;
-    EditSession& operator=(const EditSession&) = delete;
+    SystemChange(const GameFolder& folder, const QString& argument);
+    ~SystemChange();
+    SystemChange(const SystemChange&) = delete;
+    SystemChange& operator=(const SystemChange&) = delete;
 
-    SystemStore& store() { return store_; }
-    SystemRecord& record() { return store_.record(); }
-    const LoadResult& loaded() const { return loaded_; }
+    EditSession& session() { return session_; }
+    const SystemRecord& record() const { return session_.record(); }
 
-    // Refuses record changes (planets) when the descriptor holds no system block: the block
-    // save would silently drop them.
-    void requireBlock() const;
     // A planet number in [min, PlanetCount]; otherwise a CliError that says how many there are.
     int planetArgument(const QString& argument, int min) const;
-
-    // Throws the store's reason for the failed step, or `fallback` when it gave none.
-    [[noreturn]] void fail(const std::string& fallback) const;
+    // Throws the session's reason when `ok` is false (or `fallback` when it gave none).
+    void require(bool ok, const std::string& fallback) const;
 
     void commit();
 
   private:
-    SystemStore& store_;
-    LoadResult loaded_;
+    EditSession session_;
     bool committed_ = false;
-
-    void discard() noexcept;
 };
 
 }  // namespace orr::cli

@@ -8,7 +8,6 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <algorithm>
 #include <cmath>
 #include <iostream>
 #include <iterator>
@@ -16,12 +15,11 @@
 #include "CliSupport.h"
 #include "Command.h"
 #include "messages/MessageCodec.h"
+#include "messages/MessageEditRules.h"
 #include "messages/MessageGroups.h"
 #include "messages/MessageList.h"
 #include "messages/PlanetMessageStore.h"
 #include "messages/SpecialCodeFile.h"
-#include "text/Cp1252.h"
-#include "text/Text.h"
 
 namespace orr::cli {
 
@@ -37,11 +35,12 @@ Direction directionArgument(const QString& argument) {
     throw CliError("The list must be 'message' or 'response', not " + inQuotes(word) + ".");
 }
 
+// The editor's rule for group names; the empty name is INIT's stored name.
 std::string groupArgument(const QString& argument) {
-    const std::string group = bytesOf(argument);
-    requireSingleLine(group, "A group name");
-    if (group.find_first_of("=[]") != std::string::npos)
-        throw CliError("A group name cannot hold '=', '[' or ']'.");
+    const std::string group = storableBytesOf(argument, "The group name");
+    if (group.empty()) return group;
+    if (const std::string problem = groupNameProblem(group); !problem.empty())
+        throw CliError(problem);
     return group;
 }
 
@@ -117,6 +116,15 @@ void linesCommand(CliContext& context, const QStringList& args) {
 
 // --- the editor's view of a line
 
+QJsonArray jsonTexts(const std::vector<std::string>& texts) {
+    QJsonArray array;
+    for (const std::string& text : texts) array.append(textOf(text));
+    return array;
+}
+
+// Besides what the editor shows, the JSON carries what the stored line held that the editor
+// cannot show ("dropped", "storedTags", "answerCondition"), so that compose refuses exactly what
+// the editor's Save would ask about.
 QJsonObject lineToJson(const MessageLine& line) {
     QJsonObject json;
     json["wait"] = line.wait;
@@ -135,31 +143,49 @@ QJsonObject lineToJson(const MessageLine& line) {
     QJsonArray codes;
     for (const SpecialEntry& entry : line.specials) codes.append(textOf(entry.storedCode()));
     json["codes"] = codes;
-    if (!line.droppedCodes.empty()) {
-        QJsonArray dropped;
-        for (const std::string& code : line.droppedCodes) dropped.append(textOf(code));
-        json["dropped"] = dropped;
-    }
+    if (!line.droppedCodes.empty()) json["dropped"] = jsonTexts(line.droppedCodes);
+    if (!line.storedTags.empty()) json["storedTags"] = jsonTexts(line.storedTags);
+    if (!line.answerCondition.empty()) json["answerCondition"] = textOf(line.answerCondition);
     return json;
+}
+
+// What the editor's Save would refuse or ask about, one sentence each.
+std::vector<std::string> saveProblems(const MessageLine& line, Direction direction,
+                                      const std::string& group, const SpecialCodeList& codes) {
+    SaveCheck check = checkLineForSave(line, direction, group, codes);
+    if (!check.refusal.empty()) check.warnings.insert(check.warnings.begin(), check.refusal);
+    return check.warnings;
 }
 
 void decodeCommand(CliContext& context, const QStringList& args) {
     const Direction direction = directionArgument(args[0]);
     const std::string group = groupArgument(args[1]);
-    const std::string stored = bytesOf(args[2]);
+    const std::string stored = storableBytesOf(args[2], "The message line");
     requireSingleLine(stored, "A message line");
-    const MessageLine line = DecodeMessage(stored, direction, group, specialCodes(context));
+    const SpecialCodeList codes = specialCodes(context);
+    const MessageLine line = DecodeMessage(stored, direction, group, codes);
     context.out << QJsonDocument(lineToJson(line)).toJson(QJsonDocument::Indented).toStdString();
+    // What the view cannot show, in the editor's words: composing it back would be refused.
+    context.out.flush();
+    for (const std::string& problem : saveProblems(line, direction, group, codes))
+        std::cerr << "orrerion-cli: warning: " << problem << '\n';
 }
 
 std::string bytesOfText(const QJsonValue& value, const std::string& what) {
     if (!value.isString()) throw CliError(what + " must be a text.");
-    const std::string utf8 = value.toString().toStdString();
-    const std::string bytes = text::utf8ToCp1252(utf8);
-    if (text::cp1252ToUtf8(bytes) != utf8)
-        throw CliError(what + " holds characters that Windows-1252 cannot store.");
+    const std::string bytes = storableBytes(value.toString().toStdString(), what);
     requireSingleLine(bytes, what);
     return bytes;
+}
+
+std::vector<std::string> textsField(const QJsonObject& json, const char* key) {
+    const QJsonValue value = json[key];
+    if (value.isUndefined()) return {};
+    const std::string what = std::string("'") + key + "'";
+    if (!value.isArray()) throw CliError(what + " must be a list of texts.");
+    std::vector<std::string> texts;
+    for (const QJsonValue& item : value.toArray()) texts.push_back(bytesOfText(item, what));
+    return texts;
 }
 
 int numberField(const QJsonObject& json, const char* key, int fallback, int max) {
@@ -173,26 +199,25 @@ int numberField(const QJsonObject& json, const char* key, int fallback, int max)
     return static_cast<int>(number);
 }
 
-// decode lists the codes it could not read under "dropped"; composing without them would lose
-// them from the line for good, so such a line is refused rather than quietly shortened.
-void refuseDroppedCodes(const QJsonObject& json) {
-    const QJsonValue dropped = json["dropped"];
-    if (dropped.isUndefined()) return;
-    if (!dropped.isArray()) throw CliError("'dropped' must be a list of texts.");
-    std::string named;
-    for (const QJsonValue& value : dropped.toArray()) {
-        if (!named.empty()) named += ", ";
-        named += inQuotes(bytesOfText(value, "Each dropped code"));
+// What decode reported beyond the editor's view, given back so that the save check sees it.
+void readStoredForm(const QJsonObject& json, MessageLine& line) {
+    line.droppedCodes = textsField(json, "dropped");
+    line.storedTags = textsField(json, "storedTags");
+    for (const std::string& tag : line.storedTags) {
+        if (!tag.starts_with("*R") && !tag.starts_with("*M"))
+            throw CliError(inQuotes(tag) + " in 'storedTags' is not an answer tag.");
     }
-    if (named.empty()) return;
-    throw CliError("The line held codes that are not in the special-code list: " + named +
-                   ". Composing it would lose them.");
+    if (json.contains("answerCondition")) {
+        line.answerCondition = bytesOfText(json["answerCondition"], "'answerCondition'");
+        if (!IsSystemCondition(line.answerCondition))
+            throw CliError(inQuotes(line.answerCondition) + " is not a ship-system condition.");
+    }
 }
 
 MessageLine lineFromJson(const QJsonObject& json, const std::string& group,
                          const SpecialCodeList& codes) {
-    refuseDroppedCodes(json);
     MessageLine line;
+    readStoredForm(json, line);
     line.wait = numberField(json, "wait", 0, kMaxWait);
     line.percent = numberField(json, "percent", kMaxPercent, kMaxPercent);
     const std::string display =
@@ -203,23 +228,13 @@ MessageLine lineFromJson(const QJsonObject& json, const std::string& group,
     } else if (!custom && display == kBox) {
         line.display = DisplayMode::Box;
     } else {
-        if (display.find('$') != std::string::npos)
-            throw CliError("A custom title cannot hold '$'.");
         line.display = DisplayMode::Custom;
         line.title = display;
     }
     line.text = json.contains("text") ? bytesOfText(json["text"], "'text'") : "";
-    if (line.text.find_first_of("*^") != std::string::npos)
-        throw CliError("The text cannot hold '*' or '^': they begin codes.");
-    if (line.display == DisplayMode::Standard && line.text.starts_with('%'))
-        throw CliError(
-            "A text that begins with '%' is read as codes: put an insert code after "
-            "the first character.");
     line.answerGroup =
         json.contains("answerGroup") ? bytesOfText(json["answerGroup"], "'answerGroup'") : "";
     if (line.answerGroup.empty()) line.answerGroup = shownGroupName(storedGroupName(group));
-    if (line.answerGroup.find('*') != std::string::npos)
-        throw CliError("The answer group cannot hold '*'.");
 
     const QJsonValue list = json["codes"];
     if (!list.isUndefined() && !list.isArray()) throw CliError("'codes' must be a list of texts.");
@@ -253,30 +268,6 @@ MessageLine lineFromJson(const QJsonObject& json, const std::string& group,
     return line;
 }
 
-std::vector<std::string> sortedCodes(const MessageLine& line) {
-    std::vector<std::string> result;
-    for (const SpecialEntry& entry : line.specials) result.push_back(entry.storedCode());
-    std::sort(result.begin(), result.end());
-    return result;
-}
-
-// The composed line must read back as what was asked for (prefix codes may change their order,
-// which the game does not mind); anything else would be lost the next time the line is read.
-void requireReadsBack(const MessageLine& wanted, const MessageLine& read) {
-    std::string part;
-    if (read.text != wanted.text && text::trim(read.text) != text::trim(wanted.text))
-        part = "the text would read back as " + inQuotes(read.text);
-    else if (read.display != wanted.display ||
-             (wanted.display == DisplayMode::Custom && read.title != wanted.title))
-        part = "the display would read back differently";
-    else if (read.answerGroup != wanted.answerGroup)
-        part = "the answer group would read back as " + inQuotes(read.answerGroup);
-    else if (read.wait != wanted.wait || read.percent != wanted.percent ||
-             sortedCodes(read) != sortedCodes(wanted))
-        part = "the codes would read back differently";
-    if (!part.empty()) throw CliError("This line cannot be stored as given: " + part + ".");
-}
-
 void composeCommand(CliContext& context, const QStringList& args) {
     const Direction direction = directionArgument(args[0]);
     const std::string group = groupArgument(args[1]);
@@ -294,8 +285,12 @@ void composeCommand(CliContext& context, const QStringList& args) {
 
     const SpecialCodeList codes = specialCodes(context);
     const MessageLine line = lineFromJson(document.object(), group, codes);
+    // Where the editor would ask before saving, the tool refuses, in the editor's words.
+    std::string problems;
+    for (const std::string& problem : saveProblems(line, direction, group, codes))
+        problems += (problems.empty() ? "" : " ") + problem;
+    if (!problems.empty()) throw CliError(problems);
     const std::string stored = ComposeMessage(line, direction, group);
-    requireReadsBack(line, DecodeMessage(stored, direction, group, codes));
     if (ExceedsLengthLimit(stored)) {
         std::cerr << "orrerion-cli: warning: the line is " << stored.size()
                   << " characters long; the game reads at most " << kMaxLineLength << ".\n";

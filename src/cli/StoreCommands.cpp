@@ -10,9 +10,11 @@
 
 #include "CliSupport.h"
 #include "Command.h"
+#include "session/PlanetEdits.h"
+#include "session/SystemEdits.h"
+#include "session/SystemFiles.h"
 #include "store/SystemList.h"
 #include "store/SystemName.h"
-#include "store/SystemOperations.h"
 #include "text/Text.h"
 
 namespace orr::cli {
@@ -25,35 +27,11 @@ SystemStore openStore(const CliContext& context) {
     return store;
 }
 
-void requireSection(const std::string& section) {
-    requireSingleLine(section, "A section name");
-    if (section.empty() || section.find(']') != std::string::npos)
-        throw CliError("A section name cannot be empty or hold ']'.");
-}
-
-void requireKey(const std::string& key) {
-    requireSingleLine(key, "A key");
-    const std::string trimmed = text::trim(key);
-    if (trimmed.empty() || key.find('=') != std::string::npos || trimmed.front() == '[' ||
-        trimmed.front() == ';')
-        throw CliError("A key cannot be empty, hold '=' or begin with '[' or ';'.");
-}
-
 // The reason for an add or insert that added nothing, as the canvas reports it.
-void requireAdded(AddPlanetResult result, const EditSession& session, const std::string& name) {
-    switch (result) {
-        case AddPlanetResult::Added:
-            return;
-        case AddPlanetResult::Full:
-            throw CliError(kMaxPlanetsMessage);
-        case AddPlanetResult::NoRoom:
-            throw CliError("The orbits of " + inQuotes(name) +
-                           " are too crowded for another planet: move the outer planets inward "
-                           "first.");
-        case AddPlanetResult::Failed:
-            break;
-    }
-    session.fail("No planet could be added to " + inQuotes(name) + ".");
+void requireAdded(AddPlanetResult result, const SystemChange& change) {
+    if (result == AddPlanetResult::Full) throw CliError(kMaxPlanetsMessage);
+    change.require(result == AddPlanetResult::Added,
+                   "No planet could be added to " + inQuotes(change.record().Name) + ".");
 }
 
 // --- reading commands
@@ -63,12 +41,7 @@ void listOffered(CliContext& context, const QStringList&) {
 }
 
 void listCustom(CliContext& context, const QStringList&) {
-    const fs::path folder = context.folder.descriptorFolder();
-    std::error_code error;
-    if (!fs::is_directory(folder, error)) return;
-    std::vector<std::string> names;
-    for (const std::string& file : GameFolder::filesWithExtension(folder, ".orb"))
-        names.push_back(file.substr(0, file.size() - 4));
+    std::vector<std::string> names = context.folder.systemNames();
     std::sort(names.begin(), names.end());
     for (const std::string& name : names) context.out << name << '\n';
 }
@@ -139,97 +112,67 @@ void encodeStar(CliContext& context, const QStringList& args) {
 // --- changes of one system
 
 void newSystem(CliContext& context, const QStringList& args) {
-    SystemStore store = openStore(context);
     const std::string name = bytesOf(args[0]);
-    if (const auto reason = CheckSystemName(name)) throw CliError(*reason);
-    store.ListDescriptors();
-    if (const auto reason = canCreateSystem(store, name)) throw CliError(*reason);
-    requireNoWorkingCopy(store, name);
-    if (!createSystem(store, name)) {
-        throw CliError(store.lastError().empty()
-                           ? "The system " + inQuotes(name) + " could not be written."
-                           : store.lastError());
-    }
+    SystemStore store = openStore(context);
+    if (!canCreateSystem(context.folder, name)) requireNoWorkingCopy(store, name);
+    std::string error;
+    if (!createSystem(context.folder, name, NewSystemAnswer::ListedKey, &error)) throw CliError(error);
 }
 
 void setKey(CliContext& context, const QStringList& args) {
-    SystemStore store = openStore(context);
-    const std::string section = bytesOf(args[1]);
-    const std::string key = bytesOf(args[2]);
-    const std::string value = bytesOf(args[3]);
-    requireSection(section);
-    requireKey(key);
-    requireSingleLine(value, "A value");
-    EditSession session(store, existingSystem(store, args[0]));
-    if (!store.WriteKey(section, key, value)) session.fail("The key could not be written.");
-    session.commit();
+    SystemChange change(context.folder, args[0]);
+    change.require(writeKey(change.session(), bytesOf(args[1]), bytesOf(args[2]), bytesOf(args[3])),
+                   "The key could not be written.");
+    change.commit();
 }
 
-void deleteKey(CliContext& context, const QStringList& args) {
-    SystemStore store = openStore(context);
-    const std::string section = bytesOf(args[1]);
-    const std::string key = bytesOf(args[2]);
-    requireSection(section);
-    requireKey(key);
-    EditSession session(store, existingSystem(store, args[0]));
-    if (!store.DeleteKey(section, key)) session.fail("The key could not be deleted.");
-    session.commit();
+void deleteKeyCommand(CliContext& context, const QStringList& args) {
+    SystemChange change(context.folder, args[0]);
+    change.require(deleteKey(change.session(), bytesOf(args[1]), bytesOf(args[2])),
+                   "The key could not be deleted.");
+    change.commit();
 }
 
 void addPlanetCommand(CliContext& context, const QStringList& args) {
-    SystemStore store = openStore(context);
-    EditSession session(store, existingSystem(store, args[0]));
-    session.requireBlock();
-    if (session.record().PlanetCount >= kMaxPlanets) throw CliError(kMaxPlanetsMessage);
-    requireAdded(addPlanet(store), session, session.record().Name);
-    session.commit();
+    SystemChange change(context.folder, args[0]);
+    requireAdded(addPlanet(change.session()), change);
+    change.commit();
 }
 
 void insertPlanetCommand(CliContext& context, const QStringList& args) {
-    SystemStore store = openStore(context);
-    EditSession session(store, existingSystem(store, args[0]));
-    session.requireBlock();
-    const int n = session.planetArgument(args[1], 1);
-    if (session.record().PlanetCount >= kMaxPlanets) throw CliError(kMaxPlanetsMessage);
-    requireAdded(insertPlanet(store, n), session, session.record().Name);
-    session.commit();
+    SystemChange change(context.folder, args[0]);
+    const int n = change.planetArgument(args[1], 1);
+    requireAdded(insertPlanet(change.session(), n), change);
+    change.commit();
 }
 
 void deletePlanetCommand(CliContext& context, const QStringList& args) {
-    SystemStore store = openStore(context);
-    EditSession session(store, existingSystem(store, args[0]));
-    session.requireBlock();
-    const int n = session.planetArgument(args[1], 1);
-    if (!canDeletePlanet(store, n) || !deletePlanet(store, n))
-        session.fail("Planet " + std::to_string(n) + " could not be deleted.");
-    session.commit();
+    SystemChange change(context.folder, args[0]);
+    const int n = change.planetArgument(args[1], 1);
+    change.require(deletePlanet(change.session(), n),
+                   "Planet " + std::to_string(n) + " could not be deleted.");
+    change.commit();
 }
 
 void swapPlanetsCommand(CliContext& context, const QStringList& args) {
-    SystemStore store = openStore(context);
-    EditSession session(store, existingSystem(store, args[0]));
-    session.requireBlock();
-    const int a = session.planetArgument(args[1], 1);
-    const int b = session.planetArgument(args[2], 1);
-    if (a == b) return;  // nothing to exchange; the working copy is discarded unchanged
-    if (!canSwapPlanets(store, a, b) || !swapPlanets(store, a, b))
-        session.fail("Planets " + std::to_string(a) + " and " + std::to_string(b) +
-                     " could not be exchanged.");
-    session.commit();
+    SystemChange change(context.folder, args[0]);
+    const int a = change.planetArgument(args[1], 1);
+    const int b = change.planetArgument(args[2], 1);
+    change.require(swapPlanets(change.session(), a, b),
+                   "Planets " + std::to_string(a) + " and " + std::to_string(b) +
+                       " could not be exchanged.");
+    change.commit();
 }
 
 void setNameCommand(CliContext& context, const QStringList& args) {
-    SystemStore store = openStore(context);
-    const std::string name = bytesOf(args[2]);
-    requireSingleLine(name, "A name");
-    EditSession session(store, existingSystem(store, args[0]));
-    const int n = session.planetArgument(args[1], 0);
-    if (!setPlanetName(store, n, name)) session.fail("The name could not be written.");
-    session.commit();
+    SystemChange change(context.folder, args[0]);
+    const int n = change.planetArgument(args[1], 0);
+    change.require(setPlanetName(change.session(), n, bytesOf(args[2])),
+                   "The name could not be written.");
+    change.commit();
 }
 
 void setFlagCommand(CliContext& context, const QStringList& args) {
-    SystemStore store = openStore(context);
     const std::string key = bytesOf(args[1]);
     std::string flag;
     if (text::equalsIgnoreCase(key, kPlanetPics)) {
@@ -243,18 +186,16 @@ void setFlagCommand(CliContext& context, const QStringList& args) {
     const bool yes = text::equalsIgnoreCase(answer, "yes");
     if (!yes && !text::equalsIgnoreCase(answer, "no"))
         throw CliError("The flag value must be yes or no, not " + inQuotes(answer) + ".");
-    EditSession session(store, existingSystem(store, args[0]));
-    const int n = session.planetArgument(args[2], 1);
-    if (!setPlanetFlag(store, flag, n, yes)) session.fail("The flag could not be written.");
-    session.commit();
+    SystemChange change(context.folder, args[0]);
+    const int n = change.planetArgument(args[2], 1);
+    change.require(setPlanetFlag(change.session(), flag, n, yes), "The flag could not be written.");
+    change.commit();
 }
 
 void clearPlanetsCommand(CliContext& context, const QStringList& args) {
-    SystemStore store = openStore(context);
-    EditSession session(store, existingSystem(store, args[0]));
-    session.requireBlock();
-    if (!clearPlanets(store)) session.fail("The planets could not be cleared.");
-    session.commit();
+    SystemChange change(context.folder, args[0]);
+    change.require(clearPlanets(change.session()), "The planets could not be cleared.");
+    change.commit();
 }
 
 void renameCommand(CliContext& context, const QStringList& args) {
@@ -267,40 +208,24 @@ void renameCommand(CliContext& context, const QStringList& args) {
     if (respelling) {
         if (const auto reason = CheckSystemName(newName)) throw CliError(*reason);
     } else {
-        if (const auto reason = canCreateSystem(store, newName)) throw CliError(*reason);
+        if (const auto reason = canCreateSystem(context.folder, newName)) throw CliError(*reason);
         requireNoWorkingCopy(store, newName);
     }
-    {
-        EditSession session(store, oldName);
-        if (!store.RenameSystem(newName))
-            session.fail("The working copy could not be renamed to " + inQuotes(newName) + ".");
-        session.commit();
-    }
-    // Save As keeps the old system; the new one also gets the old one's pictures under its own
-    // name, as the editor's Save As does.
-    std::string reason;
-    if (!replaceSystemPictures(store.folder(), oldName, newName, &reason)) {
-        throw CliError("The system was saved as " + inQuotes(newName) +
-                       ", but not all of its pictures could be carried over. " + reason);
-    }
+    // Save As: the system is saved under the new name with its pictures; the old one stays.
+    SystemChange change(context.folder, args[0]);
+    change.require(change.session().saveAs(newName),
+                   "The system could not be saved as " + inQuotes(newName) + ".");
+    const std::string warning = change.session().lastWarning();
+    change.require(change.session().discard(), "The working copy could not be deleted.");
+    if (!warning.empty()) throw CliError("The system was saved as " + inQuotes(newName) + ". " + warning);
 }
 
-void deleteSystem(CliContext& context, const QStringList& args) {
+void deleteSystemCommand(CliContext& context, const QStringList& args) {
     SystemStore store = openStore(context);
     const std::string name = existingSystem(store, args[0]);
     requireNoWorkingCopy(store, name);
-    // The descriptor goes first and alone: when it cannot be deleted, the system stays whole
-    // instead of losing its pictures.
-    std::error_code error;
-    if (!fs::remove(store.descriptorPath(name, ".orb"), error) || error) {
-        throw CliError("The system " + inQuotes(name) + " could not be deleted: " +
-                       (error ? error.message() : "its descriptor has gone") + ".");
-    }
-    if (!deleteSystemFiles(store, name)) {
-        throw CliError(store.lastError().empty()
-                           ? "The system " + inQuotes(name) + " could not be deleted."
-                           : store.lastError());
-    }
+    EditSession session(context.folder);
+    if (!deleteSystem(session, name)) throw CliError(session.lastError());
 }
 
 }  // namespace
@@ -314,7 +239,7 @@ std::vector<CommandSpec> storeCommands() {
         {"encode-star", "encode-star KEY", 1, 1, encodeStar},
         {"new", "new NAME", 1, 1, newSystem},
         {"set", "set NAME SECTION KEY VALUE", 4, 4, setKey},
-        {"delete-key", "delete-key NAME SECTION KEY", 3, 3, deleteKey},
+        {"delete-key", "delete-key NAME SECTION KEY", 3, 3, deleteKeyCommand},
         {"add-planet", "add-planet NAME", 1, 1, addPlanetCommand},
         {"insert-planet", "insert-planet NAME N", 2, 2, insertPlanetCommand},
         {"delete-planet", "delete-planet NAME N", 2, 2, deletePlanetCommand},
@@ -323,7 +248,7 @@ std::vector<CommandSpec> storeCommands() {
         {"set-flag", "set-flag NAME PlanetPics|Messages N yes|no", 4, 4, setFlagCommand},
         {"clear-planets", "clear-planets NAME", 1, 1, clearPlanetsCommand},
         {"rename", "rename NAME NEW", 2, 2, renameCommand},
-        {"delete", "delete NAME", 1, 1, deleteSystem},
+        {"delete", "delete NAME", 1, 1, deleteSystemCommand},
     };
 }
 

@@ -98,41 +98,80 @@ class MessageCommandsTest : public QObject {
                           "codes": ["%fC", "%GN", "*RS3", "*R!S4", "^EN"]})"));
         QCOMPARE(cli.decode("message", "Hail", "%W2%05$Log$Caf\xe9*RTrade"),
                  json(R"({"wait": 2, "percent": 5, "display": "Log", "text": "Caf\u00e9",
-                          "answerGroup": "Trade", "codes": []})"));
+                          "answerGroup": "Trade", "codes": [], "storedTags": ["*RTrade"]})"));
     }
 
     void decodePrefersTheGameFoldersList() {
         MessageCli cli;
         QFile::remove(cli.path("SPECIAL.LST"));
         cli.write("special.lst", crlf({"Mine", "*ZAP - Zaps (1) times"}));
-        QCOMPARE(cli.decode("message", "Hail", "Hi*ZAP9*SFA")["codes"], QJsonArray({"*ZAP9"}));
+        QCOMPARE(cli.decode("message", "Hail", "Hi*ZAP9")["codes"], QJsonArray({"*ZAP9"}));
         // Without a list in the game folder the program's own copy is used.
         QFile::remove(cli.path("special.lst"));
-        QCOMPARE(cli.decode("message", "Hail", "Hi*ZAP9*SFA")["codes"], QJsonArray({"*SFA"}));
+        QCOMPARE(cli.decode("message", "Hail", "Hi*SFA")["codes"], QJsonArray({"*SFA"}));
     }
 
-    void decodeThenComposeGivesTheStoredLine() {
-        MessageCli cli;
-        const QByteArray stored = "%F3%W9%00$Captain's Log$Day one ^EN^PT*RTrade*DS3*+ENM500";
-        const QByteArray decoded = QJsonDocument(cli.decode("message", "Hail", stored)).toJson();
-        const CliResult back = cli.compose("message", "Hail", decoded);
-        QCOMPARE(back.err, QByteArray());
-        QCOMPARE(back.out, stored + "\n");
-        QCOMPARE(cli.compose("response", "Hail", R"({"text":"Home","answerGroup":"INIT"})").out,
-                 QByteArray("Home*M\n"));
+    // A line read and written back is the stored line, or decode names, in the editor's words,
+    // what its Save would ask about, and compose refuses with the same sentences.
+    void decodeThenComposeGivesTheLineOrRefusesAsTheEditorAsks_data() {
+        QTest::addColumn<QString>("direction");
+        QTest::addColumn<QByteArray>("stored");
+        QTest::addColumn<QByteArray>("warning");
+        QTest::newRow("all parts") << "message"
+                                   << QByteArray(
+                                          "%F3%W9%00$Captain's Log$Day one ^EN^PT*RTrade*"
+                                          "DS3*+ENM500")
+                                   << QByteArray();
+        QTest::newRow("condition, then tag")
+            << "message" << QByteArray("Hm*RS3*RTrade") << QByteArray();
+        QTest::newRow("blank before codes") << "message" << QByteArray(" %W1Hello")
+                                            << QByteArray("The text will read back as \"Hello\"");
+        QTest::newRow("bracket argument") << "message" << QByteArray("Take it*A[") << QByteArray();
+        QTest::newRow("unknown codes")
+            << "message" << QByteArray("%ZZHello*QQ5*SFA")
+            << QByteArray(
+                   "These codes stored in the line are not in the special-code list and "
+                   "will be dropped: %ZZ, *QQ5.");
+        QTest::newRow("tag, then condition") << "message" << QByteArray("Hm*RTrade*RS3")
+                                             << QByteArray(
+                                                    "condition \"*RS3\" for the line's "
+                                                    "answer");
+        QTest::newRow("group like a condition")
+            << "message" << QByteArray("Go on*MS1")
+            << QByteArray(
+                   "A message cannot lead to the group \"S1\": the game reads \"*RS1\" "
+                   "as a ship-system condition.");
+        QTest::newRow("other direction's tag")
+            << "response" << QByteArray("Deal*RDeal") << QByteArray("\"*RDeal\" is not");
     }
-
-    void composeRefusesWhatDecodeHadToDrop() {
+    void decodeThenComposeGivesTheLineOrRefusesAsTheEditorAsks() {
+        QFETCH(QString, direction);
+        QFETCH(QByteArray, stored);
+        QFETCH(QByteArray, warning);
         MessageCli cli;
-        const QJsonObject decoded = cli.decode("message", "Hail", "%ZZHello*QQ5*SFA");
-        QCOMPARE(decoded["dropped"], QJsonArray({"%ZZ", "*QQ5"}));
-        const CliResult back = cli.compose("message", "Hail", QJsonDocument(decoded).toJson());
+        const CliResult decoded =
+            cli.run({"decode", direction, "Hail", QString::fromLatin1(stored)});
+        QCOMPARE(decoded.exitCode, 0);
+        const CliResult back = cli.compose(direction, "Hail", decoded.out);
+        if (warning.isEmpty()) {
+            QCOMPARE(decoded.err + back.err, QByteArray());
+            QCOMPARE(back.out, stored + "\n");
+            return;
+        }
+        QVERIFY2(decoded.err.contains(warning), decoded.err.constData());
         QCOMPARE(back.exitCode, 1);
         QCOMPARE(back.out, QByteArray());
-        QCOMPARE(back.err, QByteArray("orrerion-cli: The line held codes that are not in the "
-                                      "special-code list: '%ZZ', '*QQ5'. Composing it would "
-                                      "lose them.\n"));
-        // An empty list is nothing lost.
+        // The warnings, one line each, are the refusal's sentences.
+        QByteArray sentences = decoded.err;
+        sentences.replace("orrerion-cli: warning: ", "").replace("\n", " ");
+        QCOMPARE(back.err, "orrerion-cli: " + sentences.trimmed() + "\n");
+    }
+
+    void composeWritesTheEditorsLine() {
+        MessageCli cli;
+        QCOMPARE(cli.compose("response", "Hail", R"({"text":"Home","answerGroup":"INIT"})").out,
+                 QByteArray("Home*M\n"));
+        // An empty list of dropped codes is nothing lost.
         QCOMPARE(cli.compose("message", "Hail", R"({"text":"Hi","dropped":[]})").out,
                  QByteArray("Hi\n"));
     }
@@ -143,6 +182,10 @@ class MessageCommandsTest : public QObject {
                  QString("There is no planet 3 in 'Orion': it has 2 planets."));
         QCOMPARE(cli.fails({"lines", "Orion", "2", "Hail", "messages"}),
                  QString("The list must be 'message' or 'response', not 'messages'."));
+        // Group names follow the editor's rule: "*" is refused, brackets are not.
+        QCOMPARE(cli.fails({"decode", "message", "Ha*il", "Hi"}),
+                 QString("A group name cannot contain \"*\" or \"=\"."));
+        QCOMPARE(cli.decode("message", "[Hail]", "Hi")["answerGroup"], QJsonValue("[Hail]"));
     }
 
     void badComposeInputIsRefused_data() {
@@ -160,8 +203,12 @@ class MessageCommandsTest : public QObject {
                                   << "'*D' needs its argument written after it, as in '*DS0'.";
         QTest::newRow("wait") << QByteArray(R"({"wait":10})")
                               << "'wait' must be a whole number from 0 to 9";
-        QTest::newRow("text") << QByteArray(R"({"text":"2*3"})") << "cannot hold '*' or '^'";
-        QTest::newRow("1252") << QByteArray(R"({"text":"\u2603"})") << "Windows-1252";
+        QTest::newRow("text") << QByteArray(R"({"text":"2*3"})")
+                              << "The text will read back as \"2\": a text cannot contain";
+        QTest::newRow("group") << QByteArray(R"({"answerGroup":"a=b"})")
+                               << "A group name cannot contain \"*\" or \"=\".";
+        QTest::newRow("1252") << QByteArray(R"({"text":"\u2603"})")
+                              << "'text': The game cannot store these characters: \u2603";
     }
 
     void badComposeInputIsRefused() {

@@ -66,14 +66,25 @@ class StoreCommandsPlanetTest : public QObject {
                        "Info=one", "[1]", "Info=three"}));
     }
 
+    // In an older file the block follows a planet section; deleting that planet keeps the block.
+    void deletePlanetKeepsABlockAfterItsSection() {
+        cli.write(kVega, crlf({"[General]", "PlanetPics=NN", "Messages=NN", "[2]", "Info=two",
+                               ";SolarSystem", ";\"Vega                \",3,2", ";400,2,0,0,1,0",
+                               ";430,2,0,0,1,0", "[Names]", "S=Bright star"}));
+        cli.ok({"delete-planet", "Vega", "2"});
+        QCOMPARE(cli.read(kVega), crlf({"[General]", "PlanetPics=N", "Messages=N", ";SolarSystem",
+                                        ";\"Vega                \",3,1", ";400,2,0,0,1,0",
+                                        "[Names]", "S=Bright star"}));
+    }
+
     void refusalsAreOneLineAndChangeNothing_data() {
         QTest::addColumn<QStringList>("command");
         QTest::addColumn<QString>("reason");
         QTest::newRow("full") << QStringList{"insert-planet", "Full", "3"}
                               << "This system has the maximum number of planets.";
-        QTest::newRow("crowded") << QStringList{"add-planet", "Rim"}
-                                 << "The orbits of 'Rim' are too crowded for another planet: "
-                                    "move the outer planets inward first.";
+        QTest::newRow("no block") << QStringList{"add-planet", "Blockless"}
+                                  << "The descriptor of Blockless holds no system block, so its "
+                                     "planets and its star cannot be changed.";
         QTest::newRow("beyond") << QStringList{"delete-planet", "Vega", "-1"}
                                 << "There is no planet -1 in 'Vega': it has 3 planets.";
         QTest::newRow("not a number") << QStringList{"swap-planets", "Vega", "1", "99999999999"}
@@ -86,10 +97,7 @@ class StoreCommandsPlanetTest : public QObject {
         QFETCH(QStringList, command);
         QFETCH(QString, reason);
         cli.write("ORBDescriptor/Full.orb", plainDescriptor("Full", 10));
-        cli.write("ORBDescriptor/Rim.orb",
-                  crlf({"[General]", "PlanetPics=NNN", "Messages=NNN", "", ";SolarSystem",
-                        ";\"Rim                 \",0,3", ";1975,1,0,0,1,0", ";1980,1,0,0,1,0",
-                        ";2000,1,0,0,1,0"}));
+        cli.write("ORBDescriptor/Blockless.orb", crlf({"[General]", "PlanetPics=", "Messages="}));
         const auto before = cli.snapshot();
         QCOMPARE(cli.fails(command), reason);
         QCOMPARE(cli.snapshot(), before);

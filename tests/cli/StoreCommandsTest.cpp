@@ -159,10 +159,11 @@ class StoreCommandsTest : public QObject {
                  QString("A value cannot hold a line break or a NUL character."));
         for (const char* key : {"Key=x", "[2]", ";x", ""}) {
             QCOMPARE(cli.fails({"set", "Vega", "1", key, "v"}),
-                     QString("A key cannot be empty, hold '=' or begin with '[' or ';'."));
+                     QString("A key cannot be empty, hold '=' or a line break, or begin with "
+                             "'[' or ';'."));
         }
         QCOMPARE(cli.fails({"delete-key", "Vega", "a]b", "Info"}),
-                 QString("A section name cannot be empty or hold ']'."));
+                 QString("A section name cannot be empty or hold ']' or a line break."));
         QCOMPARE(cli.snapshot(), before);
     }
 

@@ -35,6 +35,7 @@ class LineReader {
     LineReader(MessageLine& line, const SpecialCodeList& codes) : line_(line), codes_(codes) {}
 
     void apply(std::string_view token) {
+        if (token.starts_with("*R")) lastR_ = std::string(token);
         if ((token.starts_with("*M") || token.starts_with("*R")) && !IsSystemCondition(token)) {
             line_.answerGroup = shownGroupName(token.substr(2));
             line_.storedTags.emplace_back(token);
@@ -51,10 +52,27 @@ class LineReader {
         }
     }
 
+    // The last "R" code read: the one the game takes for a message's answer.
+    const std::string& lastR() const { return lastR_; }
+
   private:
     MessageLine& line_;
     const SpecialCodeList& codes_;
+    std::string lastR_;
 };
+
+bool isSystemConditionEntry(const SpecialEntry& entry) {
+    return entry.place() == CodePlace::Action && IsSystemCondition(entry.storedCode());
+}
+
+// Where the answer tag goes among the actions: after the last ship-system condition of a
+// message, else before every action.
+std::size_t tagPosition(const std::vector<SpecialEntry>& actions, Direction direction) {
+    if (direction != Direction::Message) return 0;
+    for (std::size_t i = actions.size(); i > 0; --i)
+        if (isSystemConditionEntry(actions[i - 1])) return i;
+    return 0;
+}
 
 }  // namespace
 
@@ -98,9 +116,23 @@ std::string ComposeMessage(const MessageLine& line, Direction direction,
         else if (entry.place() == CodePlace::Suffix)
             stored += entry.storedCode();
     }
-    stored += AnswerTag(line.answerGroup, direction, currentGroup);
+    std::vector<SpecialEntry> actions;
     for (const SpecialEntry& entry : line.specials)
-        if (entry.place() == CodePlace::Action) stored += entry.storedCode();
+        if (entry.place() == CodePlace::Action) actions.push_back(entry);
+    const std::size_t tagAt = tagPosition(actions, direction);
+    std::string tag = AnswerTag(line.answerGroup, direction, currentGroup);
+    // Without a tag after it, the last condition names the responses offered, which the
+    // special-code list suggests for a closing message. So the own group's tag stays only where
+    // the line was read with it deciding ("*RS3*RHail").
+    if (tagAt > 0 && tag.empty() && line.answerCondition.empty() &&
+        std::any_of(line.storedTags.begin(), line.storedTags.end(),
+                    [](const std::string& stored) { return stored.starts_with("*R"); }))
+        tag = "*R" + storedGroupName(currentGroup);
+    for (std::size_t i = 0; i < actions.size(); ++i) {
+        if (i == tagAt) stored += tag;
+        stored += actions[i].storedCode();
+    }
+    if (tagAt == actions.size()) stored += tag;
     return stored;
 }
 
@@ -136,7 +168,8 @@ MessageLine DecodeMessage(std::string_view stored, Direction direction,
 
     const std::string trimmed = text::trim(rest);
     line.text = cutBefore(cutBefore(trimmed, '*'), '^');
-    if (line.text == kMissingValue) line.text.clear();
+    // A missing key reads "ERR"; a text "ERR" behind codes is a text.
+    if (stored == kMissingValue) line.text.clear();
 
     // Action codes: each runs from its "*" to the next one.
     std::size_t star = trimmed.find('*');
@@ -145,6 +178,8 @@ MessageLine DecodeMessage(std::string_view stored, Direction direction,
         reader.apply(std::string_view(trimmed).substr(at, next - at));
         at = next;
     }
+    if (direction == Direction::Message && IsSystemCondition(reader.lastR()))
+        line.answerCondition = reader.lastR();
 
     // Suffix codes: three characters from each "^" in what precedes the action codes.
     std::string remains = " " + trimmed.substr(0, star) + " ";

@@ -17,7 +17,8 @@ namespace orr {
 
 // The stored line for the model, written in the given direction while `currentGroup` (shown
 // form, "INIT" or empty for the INIT group) is the group being edited. Information is stored
-// as its plain text.
+// as its plain text. The game takes the last "R" code of a message for its answer, so a
+// message's answer tag follows its ship-system conditions ("*RS3*RTrade").
 std::string ComposeMessage(const MessageLine& line, Direction direction,
                            std::string_view currentGroup);
 

@@ -23,11 +23,11 @@ std::string effectiveAnswerGroup(std::string_view answerGroup, std::string_view 
     return shownGroupName(storedGroupName(answerGroup.empty() ? group : answerGroup));
 }
 
-// The attached entries as a sorted list of lines: reading a line back gives the prefix codes in
-// reverse and the suffix codes after the actions, so only the set of entries can be compared.
+// The attached entries as a sorted list: reading a line back gives the prefix codes in reverse
+// and the suffix codes after the actions, so only the set of entries can be compared.
 std::vector<std::string> entrySet(const std::vector<SpecialEntry>& entries) {
     std::vector<std::string> lines;
-    for (const SpecialEntry& entry : entries) lines.push_back(entry.line());
+    for (const SpecialEntry& entry : entries) lines.push_back(entry.line() + entry.storedCode());
     std::sort(lines.begin(), lines.end());
     return lines;
 }
@@ -70,10 +70,34 @@ void addTagWarnings(const MessageLine& line, Direction direction, std::string_vi
     }
 }
 
+// A message whose last "R" code was a ship-system condition led to the group the condition
+// names; saved, its answer tag follows the conditions and decides instead. A condition the
+// designer removed is the designer's change, not the editor's.
+void addConditionWarning(const MessageLine& line, Direction direction, std::string_view group,
+                         std::vector<std::string>& warnings) {
+    const std::string& condition = line.answerCondition;
+    if (direction != Direction::Message || condition.empty()) return;
+    // Without a tag to write, the condition still decides.
+    if (AnswerTag(effectiveAnswerGroup(line.answerGroup, group), direction, group).empty()) return;
+    if (std::none_of(line.specials.begin(), line.specials.end(),
+                     [&](const SpecialEntry& entry) { return entry.storedCode() == condition; }))
+        return;
+    warnings.push_back("The game takes the ship-system condition " + inDoubleQuotes(condition) +
+                       " for the line's answer, as it is the last \"R\" code, and offers the "
+                       "group " +
+                       inDoubleQuotes(condition.substr(2)) +
+                       ". Saved, the condition will stand before the answer tag and the line "
+                       "will lead to " +
+                       inDoubleQuotes(effectiveAnswerGroup(line.answerGroup, group)) + ".");
+}
+
 }  // namespace
 
 std::string groupNameProblem(std::string_view name) {
-    if (text::trim(name).empty()) return "Please enter a name for the group.";
+    const std::string trimmed = text::trim(name);
+    if (trimmed.empty()) return "Please enter a name for the group.";
+    // The file layer trims key names, so "Trade " would share its count key with "Trade".
+    if (trimmed.size() != name.size()) return "A group name cannot begin or end with a blank.";
     if (name.find_first_of("*=") != std::string_view::npos)
         return "A group name cannot contain \"*\" or \"=\".";
     if (std::any_of(name.begin(), name.end(),
@@ -82,9 +106,71 @@ std::string groupNameProblem(std::string_view name) {
     return {};
 }
 
-std::string argumentProblem(std::string_view value) {
+std::string answerGroupProblem(std::string_view answerGroup, Direction direction) {
+    if (answerGroup.empty() || direction == Direction::Information) return {};
+    if (std::string problem = groupNameProblem(answerGroup); !problem.empty()) return problem;
+    const std::string tag = "*R" + std::string(answerGroup);
+    if (direction == Direction::Message && IsSystemCondition(tag)) {
+        return "A message cannot lead to the group " + inDoubleQuotes(answerGroup) +
+               ": the game reads " + inDoubleQuotes(tag) + " as a ship-system condition.";
+    }
+    return {};
+}
+
+namespace {
+
+enum class ArgumentKind { Text, Number, ShipSystem, Flag };
+
+// What the game reads after `code` (its interpreter's table of star codes and conditions).
+ArgumentKind argumentKind(std::string_view code) {
+    for (const char* system : {"*D", "*D!", "*F", "*F!", "*R", "*R!"})
+        if (code == system) return ArgumentKind::ShipSystem;
+    for (const char* flag : {"*SF", "*CF", "*TF", "%F", "%f"})
+        if (code == flag) return ArgumentKind::Flag;
+    if (code == "*A" || code == "*H" || code == "*SP" || code.starts_with("*+") ||
+        code.starts_with("*-"))
+        return ArgumentKind::Number;
+    return ArgumentKind::Text;
+}
+
+bool isWholeNumber(std::string_view value, int maximum) {
+    if (value.empty() || value.size() > 5) return false;
+    if (!std::all_of(value.begin(), value.end(), [](char c) { return c >= '0' && c <= '9'; }))
+        return false;
+    return std::stoi(std::string(value)) <= maximum;
+}
+
+}  // namespace
+
+std::string argumentProblem(std::string_view code, std::string_view value) {
     if (value.find_first_of("*()[]") != std::string_view::npos)
         return "An argument cannot contain \"*\" or brackets.";
+    const std::string of = "The value of " + std::string(code) + " must be ";
+    switch (argumentKind(code)) {
+        case ArgumentKind::Number: {
+            // Retrofit kinds run from 0 to 5; the game keeps the other values in 16 bits.
+            const int maximum = code == "*SP" ? 5 : 32767;
+            if (isWholeNumber(value, maximum)) return {};
+            return of + "a whole number from 0 to " + std::to_string(maximum) + ", not " +
+                   inDoubleQuotes(value) + ".";
+        }
+        case ArgumentKind::ShipSystem:
+            if (value.size() == 2 && value[0] == 'S' && value[1] >= '0' &&
+                value[1] < '0' + kShipSystemCount)
+                return {};
+            return of +
+                   "a ship system: S followed by its number from 0 to 8 (S3 is the Long "
+                   "Range Scanners), not " +
+                   inDoubleQuotes(value) + ".";
+        case ArgumentKind::Flag:
+            if (value.size() == 1 &&
+                ((value[0] >= 'A' && value[0] <= 'Z') || (value[0] >= '0' && value[0] <= '9')))
+                return {};
+            return of + "one flag: a letter from A to Z or a digit from 0 to 9, not " +
+                   inDoubleQuotes(value) + ".";
+        case ArgumentKind::Text:
+            break;
+    }
     return {};
 }
 
@@ -100,13 +186,15 @@ std::vector<std::string> saveWarnings(const MessageLine& line, Direction directi
             joined(line.droppedCodes, ", ") + ".");
     }
     addTagWarnings(line, direction, group, warnings);
+    addConditionWarning(line, direction, group, warnings);
 
     const std::string stored = ComposeMessage(line, direction, group);
     const MessageLine back = DecodeMessage(stored, direction, group, codes);
-    if (back.text != text::trim(line.text)) {
-        warnings.push_back("The text will read back as \"" + back.text +
-                           "\": a text cannot contain \"*\" or \"^\", and without a caption "
-                           "it cannot begin with \"%\" or \"$\".");
+    // Cutting the text before a suffix code can leave a blank, which the game trims.
+    if (text::trim(back.text) != text::trim(line.text)) {
+        warnings.push_back("The text will read back as " + inDoubleQuotes(back.text) +
+                           ": a text cannot contain \"*\" or \"^\" or be \"ERR\" alone, and "
+                           "without a caption it cannot begin with \"%\" or \"$\".");
     }
     if (back.display != line.display ||
         (line.display == DisplayMode::Custom && back.title != line.title)) {
@@ -123,6 +211,14 @@ std::vector<std::string> saveWarnings(const MessageLine& line, Direction directi
             "as another code.");
     }
     return warnings;
+}
+
+SaveCheck checkLineForSave(const MessageLine& line, Direction direction, std::string_view group,
+                           const SpecialCodeList& codes) {
+    SaveCheck check;
+    check.refusal = answerGroupProblem(line.answerGroup, direction);
+    if (check.refusal.empty()) check.warnings = saveWarnings(line, direction, group, codes);
+    return check;
 }
 
 std::string saveQuestion(const std::vector<std::string>& warnings) {

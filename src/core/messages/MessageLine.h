@@ -37,6 +37,12 @@ struct MessageLine {
     // tag with the direction's own letter, so it can warn when that would change the line.
     std::vector<std::string> storedTags;
 
+    // In a message: the ship-system condition ("*RS3") that stood last among the line's "R"
+    // codes when it was read. The game runs the codes from left to right and each "R" code sets
+    // the responses offered, so the line led to the group the condition names ("S3"). Composing
+    // puts an answer tag after the conditions, so the editor warns before that changes.
+    std::string answerCondition;
+
     bool operator==(const MessageLine&) const = default;
 };
 

@@ -49,8 +49,9 @@ bool MessageList::append(const std::string& line) {
     if (keys_.direction == Direction::Information) return store(1, line);
     const int n = count() + 1;
     if (n > kMaxListCount) return false;
-    // The line first: should the count fail to be written, the list is still whole.
-    return store_.PutMessages({{keys_.itemKey(n), line}, {keys_.countKey, std::to_string(n)}});
+    // The count first, so that in a new list its key line stands before the item's. The planet
+    // store writes both in one write, so a failure cannot leave the count without its line.
+    return store_.PutMessages({{keys_.countKey, std::to_string(n)}, {keys_.itemKey(n), line}});
 }
 
 bool MessageList::remove(int n) {

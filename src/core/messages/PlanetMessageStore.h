@@ -1,6 +1,8 @@
 #pragma once
 // The message keys of one planet of the open system: reads are forced (they ignore the
-// planet's custom-messages switch) and an empty value deletes the key.
+// planet's custom-messages switch) and an empty value deletes the key. Made over a const store
+// it only reads: windows read through it, and every change goes through an edit session's
+// command, which makes one over its own store.
 
 #include <string>
 #include <utility>
@@ -14,6 +16,7 @@ namespace orr {
 class PlanetMessageStore : public MessageStore {
   public:
     PlanetMessageStore(SystemStore& system, int planet);
+    PlanetMessageStore(const SystemStore& system, int planet);
 
     int planet() const { return planet_; }
 
@@ -23,7 +26,8 @@ class PlanetMessageStore : public MessageStore {
     bool PutMessages(const std::vector<std::pair<std::string, std::string>>& changes) override;
 
   private:
-    SystemStore& system_;
+    const SystemStore& reader_;
+    SystemStore* writer_;  // null: read only
     int planet_;
 };
 

@@ -1,10 +1,17 @@
 #include "messages/SpecialEntry.h"
 
+#include <algorithm>
 #include <utility>
+#include <vector>
 
 namespace orr {
 
-SpecialEntry::SpecialEntry(std::string line) : line_(std::move(line)) {}
+SpecialEntry::SpecialEntry(std::string line) : line_(std::move(line)) {
+    const auto at = line_.find(kExplanationSeparator);
+    if (at == std::string::npos) return;
+    explanation_ = line_.substr(at + std::string_view(kExplanationSeparator).size());
+    line_.erase(at);
+}
 
 bool SpecialEntry::isHeading() const {
     return line_.find(kCodeSeparator) == std::string::npos;
@@ -17,9 +24,10 @@ std::string SpecialEntry::code() const {
 }
 
 std::string SpecialEntry::description() const {
-    const auto at = line_.find(kCodeSeparator);
+    const std::string shown = line();
+    const auto at = shown.find(kCodeSeparator);
     if (at == std::string::npos) return {};
-    return line_.substr(at + std::string_view(kCodeSeparator).size());
+    return shown.substr(at + std::string_view(kCodeSeparator).size());
 }
 
 CodePlace SpecialEntry::place() const {
@@ -66,44 +74,74 @@ std::string contents(const std::string& line, std::size_t open, std::size_t clos
 
 }  // namespace
 
-std::optional<std::string> SpecialEntry::roundArgument() const {
-    const auto span = placeholder('(', ')');
+std::optional<std::string> SpecialEntry::argument(char open, char close,
+                                                  const std::optional<std::string>& set) const {
+    const auto span = placeholder(open, close);
     if (!span) return std::nullopt;
+    if (set) return set;
     return contents(line_, span->open, span->close);
 }
 
+std::optional<std::string> SpecialEntry::roundArgument() const {
+    return argument('(', ')', round_);
+}
+
 std::optional<std::string> SpecialEntry::squareArgument() const {
-    const auto span = placeholder('[', ']');
-    if (!span) return std::nullopt;
-    return contents(line_, span->open, span->close);
+    return argument('[', ']', square_);
+}
+
+std::string SpecialEntry::line() const {
+    struct Fill {
+        Span span;
+        char close;
+        const std::string* value;
+    };
+    std::vector<Fill> fills;
+    const auto round = placeholder('(', ')');
+    if (round && round_) fills.push_back({*round, ')', &*round_});
+    const auto square = placeholder('[', ']');
+    if (square && square_) fills.push_back({*square, ']', &*square_});
+    if (fills.size() == 2 && fills[1].span.open < fills[0].span.open) std::swap(fills[0], fills[1]);
+
+    std::string line;
+    std::size_t from = 0;
+    for (const Fill& fill : fills) {
+        if (fill.span.open < from) continue;  // a placeholder inside the other one's default
+        line += line_.substr(from, fill.span.open + 1 - from);
+        line += *fill.value;
+        line += fill.close;
+        // Whatever follows the placeholder stays: the description around it is kept whole.
+        from = fill.span.close == std::string::npos ? line_.size() : fill.span.close + 1;
+    }
+    return line + line_.substr(std::min(from, line_.size()));
 }
 
 bool SpecialEntry::canEditArgument() const {
     return line_.find_first_of("([") != std::string::npos;
 }
 
-SpecialEntry SpecialEntry::replaced(const std::optional<Span>& span, char close,
-                                    std::string_view value) const {
-    if (!span || value.empty()) return *this;
-    std::string line = line_.substr(0, span->open + 1);
-    line += value;
-    line += close;
-    // Whatever follows the placeholder stays: the description around it is kept whole.
-    if (span->close != std::string::npos) line += line_.substr(span->close + 1);
-    return SpecialEntry(std::move(line));
-}
-
 SpecialEntry SpecialEntry::withRoundArgument(std::string_view value) const {
-    return replaced(placeholder('(', ')'), ')', value);
+    if (!placeholder('(', ')') || value.empty()) return *this;
+    SpecialEntry entry = *this;
+    entry.round_ = std::string(value);
+    return entry;
 }
 
 SpecialEntry SpecialEntry::withSquareArgument(std::string_view value) const {
-    return replaced(placeholder('[', ']'), ']', value);
+    if (!placeholder('[', ']') || value.empty()) return *this;
+    SpecialEntry entry = *this;
+    entry.square_ = std::string(value);
+    return entry;
 }
 
 SpecialEntry SpecialEntry::withArgument(std::string_view value) const {
     if (placeholder('(', ')')) return withRoundArgument(value);
     return withSquareArgument(value);
+}
+
+bool SpecialEntry::operator==(const SpecialEntry& other) const {
+    return line_ == other.line_ && roundArgument() == other.roundArgument() &&
+           squareArgument() == other.squareArgument();
 }
 
 std::string SpecialEntry::storedCode() const {

@@ -2,9 +2,14 @@
 // One line of the special-code list, as listed in the editor and as attached to a message line:
 // code + " - " + description, where the description may hold one argument placeholder, text in
 // round brackets (free text, a number or a ship-system reference "S"+digit) or in square
-// brackets (a flag character). An attached entry keeps its current argument inside the
-// placeholder, so the entry's text is all the editor needs to show and to write the code.
+// brackets (a flag character). An attached entry is shown with its current argument inside the
+// placeholder, but keeps the argument apart from the listed line: an argument read from a file
+// may hold brackets itself ("*A[" gives the argument "["), and must be written back unchanged.
 // A line without " - " is a heading: listed, never attached.
+//
+// A line may end in " -- " + a longer explanation, which the editor shows apart (as a tool tip
+// and below the list) so that the list stays narrow; placeholders stand before it. A reader that
+// does not know this shows the explanation as part of the description, which still reads well.
 
 #include <optional>
 #include <string>
@@ -25,6 +30,7 @@ struct ArgumentEditor {
 };
 
 inline constexpr const char* kCodeSeparator = " - ";
+inline constexpr const char* kExplanationSeparator = " -- ";
 inline constexpr int kShipSystemCount = 9;
 
 class SpecialEntry {
@@ -32,7 +38,11 @@ class SpecialEntry {
     SpecialEntry() = default;
     explicit SpecialEntry(std::string line);
 
-    const std::string& line() const { return line_; }
+    // The listed line with the placeholders holding the current arguments, as the editor shows it
+    // (without the explanation).
+    std::string line() const;
+    // The longer explanation after " -- "; empty when the file gives none.
+    const std::string& explanation() const { return explanation_; }
     bool isHeading() const;
     std::string code() const;         // text before the first " - "; empty for a heading
     std::string description() const;  // text after the first " - "
@@ -64,18 +74,22 @@ class SpecialEntry {
     // value.
     ArgumentEditor argumentEditor() const;
 
-    bool operator==(const SpecialEntry&) const = default;
+    // The same listed line with the same arguments.
+    bool operator==(const SpecialEntry& other) const;
 
   private:
-    std::string line_;
+    std::string line_;  // as listed, placeholders holding their defaults
+    std::string explanation_;
+    std::optional<std::string> round_;  // the arguments set since, if any
+    std::optional<std::string> square_;
 
     struct Span {
         std::size_t open;   // position of the opening bracket
         std::size_t close;  // position of the closing bracket, or npos when it is missing
     };
     std::optional<Span> placeholder(char open, char close) const;
-    SpecialEntry replaced(const std::optional<Span>& span, char close,
-                          std::string_view value) const;
+    std::optional<std::string> argument(char open, char close,
+                                        const std::optional<std::string>& set) const;
 };
 
 // The round-bracket argument that names ship system `index`: "S" + digit.

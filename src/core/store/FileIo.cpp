@@ -1,12 +1,18 @@
 #include "store/FileIo.h"
 
 #include <atomic>
+#include <cctype>
 #include <cerrno>
 #include <chrono>
 #include <cstdio>
 #include <cstring>
 #include <memory>
 #include <random>
+
+#ifndef _WIN32
+#include <fcntl.h>
+#include <unistd.h>
+#endif
 
 namespace orr {
 
@@ -19,6 +25,28 @@ bool fail(std::string* error, std::string message) {
 
 std::string systemReason(int code) {
     return std::strerror(code);
+}
+
+int failingOperation = 0;
+int operationsSeen = 0;
+
+// Counts a file operation; true when a test wants this one to fail.
+bool injectedFailure() {
+    ++operationsSeen;
+    return failingOperation != 0 && operationsSeen == failingOperation;
+}
+
+// Flushes a folder's entries (a rename) to disk.
+void syncFolder(const fs::path& folder) {
+#ifndef _WIN32
+    const int fd = ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY);
+    if (fd >= 0) {
+        ::fsync(fd);
+        ::close(fd);
+    }
+#else
+    (void)folder;
+#endif
 }
 
 // A name no other writer uses: hidden, beside the target, and clearly a leftover if it stays.
@@ -66,7 +94,8 @@ std::FILE* createTemporary(const fs::path& target, fs::path& tempPath, int& reas
 
 bool writeAtomically(const fs::path& requested, std::string_view bytes,
                      const std::optional<fs::file_time_type>& time,
-                     const std::optional<fs::perms>& permsForNewFile, std::string* error) {
+                     const std::optional<fs::perms>& permsForNewFile, std::string* error,
+                     Durability durability) {
     const fs::path target = resolveTarget(requested);
     std::error_code ec;
     if (fs::is_directory(target, ec)) {
@@ -91,6 +120,7 @@ bool writeAtomically(const fs::path& requested, std::string_view bytes,
         return fail(error, message + ".");
     };
 
+    if (injectedFailure()) return abandon("writing failed", ENOSPC);
     errno = 0;
     if (!bytes.empty() && std::fwrite(bytes.data(), 1, bytes.size(), file.get()) != bytes.size()) {
         return abandon("writing failed", errno);
@@ -99,6 +129,10 @@ bool writeAtomically(const fs::path& requested, std::string_view bytes,
     if (std::fflush(file.get()) != 0 || std::ferror(file.get())) {
         return abandon("writing failed", errno);
     }
+#ifndef _WIN32
+    if (durability == Durability::Durable && ::fsync(fileno(file.get())) != 0)
+        return abandon("writing to the disk failed", errno);
+#endif
     errno = 0;
     if (std::fclose(file.release()) != 0) return abandon("writing failed", errno);
 
@@ -116,8 +150,10 @@ bool writeAtomically(const fs::path& requested, std::string_view bytes,
         if (ec) return abandon("its modification time cannot be set", ec.value());
     }
 
+    if (injectedFailure()) return abandon("the new contents cannot replace it", EIO);
     fs::rename(tempPath, target, ec);
     if (ec) return abandon("the new contents cannot replace it", ec.value());
+    if (durability == Durability::Durable) syncFolder(target.parent_path());
     return true;
 }
 
@@ -151,11 +187,13 @@ std::optional<std::string> readWholeFile(const fs::path& path, std::string* erro
     return bytes;
 }
 
-bool writeFileAtomically(const fs::path& path, std::string_view bytes, std::string* error) {
-    return writeAtomically(path, bytes, std::nullopt, std::nullopt, error);
+bool writeFileAtomically(const fs::path& path, std::string_view bytes, std::string* error,
+                         Durability durability) {
+    return writeAtomically(path, bytes, std::nullopt, std::nullopt, error, durability);
 }
 
-bool copyFileKeepingTime(const fs::path& from, const fs::path& to, std::string* error) {
+bool copyFileKeepingTime(const fs::path& from, const fs::path& to, std::string* error,
+                         Durability durability) {
     std::string readError;
     const auto bytes = readWholeFile(from, &readError);
     if (!bytes) return fail(error, "Could not copy " + quotedPath(from) + ": " + readError);
@@ -167,7 +205,50 @@ bool copyFileKeepingTime(const fs::path& from, const fs::path& to, std::string* 
     }
     const auto sourcePerms = fs::status(from, ec).permissions();
     return writeAtomically(to, *bytes, time,
-                           ec ? std::nullopt : std::optional<fs::perms>(sourcePerms), error);
+                           ec ? std::nullopt : std::optional<fs::perms>(sourcePerms), error,
+                           durability);
+}
+
+std::optional<std::string> temporaryTarget(std::string_view fileName) {
+    // "." + target + "." + 12 hexadecimal digits + ".tmp", as temporaryNameFor makes them.
+    constexpr std::size_t kRandom = 12;
+    constexpr std::string_view kEnd = ".tmp";
+    if (fileName.size() < 1 + 1 + 1 + kRandom + kEnd.size() || fileName[0] != '.' ||
+        fileName.substr(fileName.size() - kEnd.size()) != kEnd)
+        return std::nullopt;
+    const std::size_t dot = fileName.size() - kEnd.size() - kRandom - 1;
+    if (fileName[dot] != '.') return std::nullopt;
+    for (char c : fileName.substr(dot + 1, kRandom)) {
+        if (!std::isxdigit(static_cast<unsigned char>(c))) return std::nullopt;
+    }
+    return std::string(fileName.substr(1, dot - 1));
+}
+
+bool removeFile(const fs::path& path, std::string* error) {
+    std::error_code ec;
+    if (!fs::exists(fs::symlink_status(path, ec))) return true;
+    if (injectedFailure()) ec = std::make_error_code(std::errc::io_error);
+    if (!ec) fs::remove(path, ec);
+    if (!ec) return true;
+    return fail(error, "Could not delete " + quotedPath(path) + " (" + ec.message() + ").");
+}
+
+bool renameFile(const fs::path& from, const fs::path& to, std::string* error) {
+    std::error_code ec;
+    if (injectedFailure()) ec = std::make_error_code(std::errc::io_error);
+    if (!ec) fs::rename(from, to, ec);
+    if (!ec) return true;
+    return fail(error, "Could not rename " + quotedPath(from) + " to " + quotedPath(to.filename()) +
+                           " (" + ec.message() + ").");
+}
+
+void injectFileFailure(int n) {
+    failingOperation = n;
+    operationsSeen = 0;
+}
+
+int fileOperationsSince() {
+    return operationsSeen;
 }
 
 std::optional<fs::file_time_type> modificationTime(const fs::path& path) {

@@ -62,6 +62,12 @@ fs::path GameFolder::findInFolder(const fs::path& dir, std::string_view name) {
     return best.empty() ? exact : dir / best;
 }
 
+std::vector<std::string> GameFolder::systemNames(std::string_view extension) const {
+    std::vector<std::string> names = filesWithExtension(descriptorFolder(), extension);
+    for (std::string& name : names) name.resize(name.size() - extension.size());
+    return names;
+}
+
 std::vector<std::string> GameFolder::filesWithExtension(const fs::path& dir,
                                                         std::string_view extension) {
     std::vector<std::string> names;

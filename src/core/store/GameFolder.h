@@ -31,6 +31,10 @@ public:
 
     bool hasGameExecutable() const;
 
+    // The systems saved in the descriptor folder: the base names of its files ending in
+    // `extension` (".orb" for saved systems, ".edt" for working copies), in folder order.
+    std::vector<std::string> systemNames(std::string_view extension = ".orb") const;
+
     // dir / the existing entry named `name` ignoring ASCII case, else dir / name.
     static fs::path findInFolder(const fs::path& dir, std::string_view name);
 

@@ -98,40 +98,82 @@ struct ProfileDocument::Index {
     std::unordered_map<std::string, std::size_t> byName;  // first section of each name
 };
 
-ProfileDocument ProfileDocument::parse(std::string_view bytes) {
-    ProfileDocument doc;
-    doc.lines_.reserve(bytes.size() / 40 + 1);
+std::vector<std::string> ProfileDocument::splitLines(std::string_view bytes) {
+    std::vector<std::string> lines;
+    lines.reserve(bytes.size() / 40 + 1);
     std::size_t pos = 0;
     const std::size_t size = bytes.size();
     while (pos < size) {
         std::size_t end = pos;
         while (end < size && bytes[end] != '\r' && bytes[end] != '\n') ++end;
-        std::size_t eolLength = 0;
+        lines.emplace_back(bytes.substr(pos, end - pos));
+        // CR LF, LF and CR each end a line; serialize() writes CR LF for all of them.
         if (end < size)
-            eolLength = (bytes[end] == '\r' && end + 1 < size && bytes[end + 1] == '\n') ? 2 : 1;
-        doc.lines_.push_back(Line{std::string(bytes.substr(pos, end - pos)),
-                                  std::string(bytes.substr(end, eolLength))});
-        pos = end + eolLength;
+            end += (bytes[end] == '\r' && end + 1 < size && bytes[end + 1] == '\n') ? 2 : 1;
+        pos = end;
     }
+    return lines;
+}
+
+ProfileDocument ProfileDocument::parse(std::string_view bytes) {
+    ProfileDocument doc;
+    std::vector<std::string> lines = splitLines(bytes);
+    doc.lines_.reserve(lines.size());
+    for (std::string& line : lines) doc.lines_.push_back(Line{std::move(line)});
     return doc;
+}
+
+namespace {
+
+// What a line is to the lookup index: a section header, a key line, or neither.
+std::string indexIdentity(std::string_view line) {
+    std::string_view name;
+    if (headerName(line, name)) return "[" + lookupName(name);
+    if (keyName(line, name)) return "=" + lookupName(name);
+    return {};
+}
+
+}  // namespace
+
+bool ProfileDocument::replaceLines(std::size_t first, std::size_t count,
+                                   std::vector<std::string> texts) {
+    applyPendingLines();
+    if (first > lines_.size() || count > lines_.size() - first) return false;
+    bool sameShape = index_ && count == texts.size();
+    for (std::size_t i = 0; sameShape && i < count; ++i)
+        sameShape = indexIdentity(lines_[first + i].text) == indexIdentity(texts[i]);
+    if (sameShape) {
+        for (std::size_t i = 0; i < count; ++i) lines_[first + i].text = std::move(texts[i]);
+        return true;
+    }
+    std::vector<Line> replacement;
+    replacement.reserve(texts.size());
+    for (std::string& text : texts) replacement.push_back(Line{std::move(text)});
+    const auto at = lines_.begin() + static_cast<std::ptrdiff_t>(first);
+    lines_.erase(at, at + static_cast<std::ptrdiff_t>(count));
+    lines_.insert(lines_.begin() + static_cast<std::ptrdiff_t>(first),
+                  std::make_move_iterator(replacement.begin()),
+                  std::make_move_iterator(replacement.end()));
+    index_.reset();
+    return true;
 }
 
 std::string ProfileDocument::serialize() const {
     std::size_t total = 0;
-    for (const Line& line : lines_) total += line.text.size() + line.eol.size();
+    for (const Line& line : lines_) total += line.text.size() + kCrLf.size();
     for (const auto& [anchor, pending] : pendingAfter_) {
-        for (const Line& line : pending) total += line.text.size() + line.eol.size();
+        for (const Line& line : pending) total += line.text.size() + kCrLf.size();
     }
     std::string out;
     out.reserve(total);
     auto pending = pendingAfter_.begin();
     for (std::size_t i = 0; i < lines_.size(); ++i) {
         out += lines_[i].text;
-        out += lines_[i].eol;
+        out += kCrLf;
         if (pending != pendingAfter_.end() && pending->first == i) {
             for (const Line& line : pending->second) {
                 out += line.text;
-                out += line.eol;
+                out += kCrLf;
             }
             ++pending;
         }
@@ -148,7 +190,13 @@ std::optional<std::string> ProfileDocument::readValue(std::string_view section,
     const auto keyLine = s.keys.find(lookupName(key));
     if (keyLine == s.keys.end()) return std::nullopt;
     const std::string_view text = lineAt(keyLine->second.anchor, keyLine->second.offset).text;
-    return std::string(trimBlanks(text.substr(text.find('=') + 1)));
+    std::string_view value = trimBlanks(text.substr(text.find('=') + 1));
+    // The platform's read drops one pair of quotes around the value, so the game never sees them.
+    if (value.size() >= 2 && (value.front() == '"' || value.front() == '\'') &&
+        value.back() == value.front()) {
+        value = value.substr(1, value.size() - 2);
+    }
+    return std::string(value);
 }
 
 void ProfileDocument::writeValue(std::string_view section, std::string_view key,
@@ -162,14 +210,9 @@ void ProfileDocument::writeValue(std::string_view section, std::string_view key,
     const std::string name = lookupName(key);
     const auto found = idx.byName.find(sectionName);
     if (found == idx.byName.end()) {
-        // A new section goes at the end, on a line of its own.
-        if (!lines_.empty()) {
-            const auto last = pendingAfter_.find(lines_.size() - 1);
-            Line& lastLine = last != pendingAfter_.end() ? last->second.back() : lines_.back();
-            if (lastLine.eol.empty()) lastLine.eol = kCrLf;
-        }
-        lines_.push_back(Line{bracketed(section), std::string(kCrLf)});
-        lines_.push_back(Line{std::move(text), std::string(kCrLf)});
+        // A new section goes at the end, on lines of its own.
+        lines_.push_back(Line{bracketed(section)});
+        lines_.push_back(Line{std::move(text)});
         Index::Section added{lines_.size() - 2, lines_.size() - 1, {}};
         added.keys.emplace(name, Index::LineRef{lines_.size() - 1, 0});
         idx.sections.push_back(std::move(added));
@@ -178,18 +221,13 @@ void ProfileDocument::writeValue(std::string_view section, std::string_view key,
         Index::Section& s = idx.sections[found->second];
         const auto existing = s.keys.find(name);
         if (existing != s.keys.end()) {
-            // The line keeps its own line end; only its text is replaced.
             lineAt(existing->second.anchor, existing->second.offset).text = std::move(text);
         } else {
             // After the section's last key line, so comments and blank lines that close the
             // section stay below the keys (the system block of [General] relies on it).
             const std::size_t anchor = s.lastKey != kNone ? s.lastKey : s.header;
             std::vector<Line>& pending = pendingAfter_[anchor];
-            if (anchor + 1 == lines_.size()) {
-                Line& before = pending.empty() ? lines_[anchor] : pending.back();
-                if (before.eol.empty()) before.eol = kCrLf;
-            }
-            pending.push_back(Line{std::move(text), std::string(kCrLf)});
+            pending.push_back(Line{std::move(text)});
             s.keys.emplace(name, Index::LineRef{anchor, pending.size()});
         }
     }
@@ -268,21 +306,24 @@ bool ProfileDocument::removeNumberedSection(int n) {
     if (!present) return false;
 
     applyPendingLines();
-    std::vector<Line> kept;
-    kept.reserve(lines_.size());
-    std::size_t i = 0;
     const std::size_t count = lines_.size();
+    std::size_t marker = 0;
+    while (marker < count && !isBlockMarker(lines_[marker].text)) ++marker;
+    std::vector<Line> kept;
+    kept.reserve(count);
+    std::size_t i = 0;
     while (i < count) {
         Line& line = lines_[i++];
         if (!isTarget(line.text)) {
             kept.push_back(std::move(line));
             continue;
         }
-        // Drop the header and its lines; the next header is kept as it is. A section that runs
-        // to the end of the file is dropped up to the end and nothing else goes with it.
+        // Drop the header and its lines; the next header, or the block marker, is kept as it is.
+        // A section that runs to the end of the file is dropped up to the end and nothing else
+        // goes with it.
         while (i < count) {
             Line& inner = lines_[i++];
-            if (startsRawSection(inner.text)) {
+            if (startsRawSection(inner.text) || i - 1 == marker) {
                 kept.push_back(std::move(inner));
                 break;
             }
@@ -291,6 +332,10 @@ bool ProfileDocument::removeNumberedSection(int n) {
     lines_.swap(kept);
     index_.reset();
     return true;
+}
+
+bool ProfileDocument::isBlockMarker(std::string_view line) {
+    return !line.empty() && line[0] == ';' && line.find("SolarSystem") != std::string_view::npos;
 }
 
 const std::vector<ProfileDocument::Line>& ProfileDocument::lines() const {

@@ -11,13 +11,6 @@ namespace orr {
 
 namespace {
 
-// The same file under different spellings ("a/../b.orb", a relative path) shares one entry.
-fs::path cacheKey(const fs::path& file) {
-    std::error_code ec;
-    const fs::path absolute = fs::absolute(file, ec);
-    return (ec ? file : absolute).lexically_normal();
-}
-
 struct DiskState {
     bool exists = false;
     std::uintmax_t size = 0;
@@ -54,7 +47,20 @@ struct ProfileStore::Entry {
     bool onDisk = false;
     // Changed inside a batch and not written yet: newer than the file, so never read again.
     bool dirty = false;
+    // The check round in which the file was last compared with the cache.
+    std::uint64_t checkedRound = 0;
+    // The file's contents as the document was read from or last written to it.
+    std::shared_ptr<const std::string> bytes;
 };
+
+// The same file under different spellings ("a/../b.orb", a relative path) shares one entry.
+const fs::path& ProfileStore::cacheKey(const fs::path& file) {
+    const auto known = keys_.find(file.native());
+    if (known != keys_.end()) return known->second;
+    std::error_code ec;
+    const fs::path absolute = fs::absolute(file, ec);
+    return keys_.emplace(file.native(), (ec ? file : absolute).lexically_normal()).first->second;
+}
 
 std::optional<std::string> ProfileStore::readValue(const fs::path& file, std::string_view section,
                                                    std::string_view key) {
@@ -103,19 +109,72 @@ const ProfileDocument* ProfileStore::document(const fs::path& file) {
     return entry ? &entry->document : nullptr;
 }
 
+std::shared_ptr<const std::string> ProfileStore::bytes(const fs::path& file) {
+    Entry* entry = load(file);
+    if (!entry) return nullptr;
+    // Changes of an open batch are not on disk yet.
+    if (entry->dirty) return std::make_shared<const std::string>(entry->document.serialize());
+    return entry->bytes;
+}
+
+bool ProfileStore::replaceBytes(const fs::path& file, std::string contents,
+                                const std::function<bool(ProfileDocument&)>& change) {
+    bool missing = false;
+    Entry* entry = load(file, &missing);
+    if (!entry) {
+        if (missing) return fail("The file " + quotedPath(file) + " does not exist.");
+        return false;
+    }
+    std::string error;
+    if (!writeFileAtomically(file, contents, &error)) {
+        forget(file);
+        return fail(error);
+    }
+    if (!change || entry->dirty || !change(entry->document) ||
+        entry->document.serialize() != contents)
+        entry->document = ProfileDocument::parse(contents);
+    entry->bytes = std::make_shared<const std::string>(std::move(contents));
+    entry->dirty = false;
+    const DiskState disk = examine(file);
+    if (!disk.exists || disk.size != entry->bytes->size()) {
+        forget(file);
+        return true;
+    }
+    entry->size = disk.size;
+    entry->time = disk.time;
+    entry->onDisk = true;
+    entry->checkedRound = round_;
+    return true;
+}
+
+bool ProfileStore::setModificationTime(const fs::path& file, fs::file_time_type time) {
+    std::error_code ec;
+    fs::last_write_time(file, time, ec);
+    if (ec) return fail("The time of " + quotedPath(file) + " could not be set (" + ec.message() + ").");
+    const auto cached = entries_.find(cacheKey(file));
+    if (cached != entries_.end() && cached->second->onDisk && !cached->second->dirty) {
+        const DiskState disk = examine(file);
+        if (disk.exists && disk.size == cached->second->size) cached->second->time = disk.time;
+    }
+    return true;
+}
+
 void ProfileStore::forget(const fs::path& file) {
     entries_.erase(cacheKey(file));
 }
 
 void ProfileStore::forgetAll() {
     entries_.clear();
+    keys_.clear();
 }
 
 ProfileStore::Entry* ProfileStore::load(const fs::path& file, bool* missing) {
     if (missing) *missing = false;
     const fs::path key = cacheKey(file);
     const auto cached = entries_.find(key);
-    if (cached != entries_.end() && cached->second->dirty) return cached->second.get();
+    if (cached != entries_.end() && (cached->second->dirty ||
+                                     (cached->second->onDisk && cached->second->checkedRound == round_)))
+        return cached->second.get();
 
     const DiskState disk = examine(file);
     if (!disk.exists) {
@@ -129,6 +188,7 @@ ProfileStore::Entry* ProfileStore::load(const fs::path& file, bool* missing) {
     }
     if (cached != entries_.end() && cached->second->onDisk && cached->second->size == disk.size &&
         cached->second->time == disk.time) {
+        cached->second->checkedRound = round_;
         return cached->second.get();
     }
 
@@ -141,6 +201,8 @@ ProfileStore::Entry* ProfileStore::load(const fs::path& file, bool* missing) {
     }
     auto entry = std::make_shared<Entry>();
     entry->document = ProfileDocument::parse(*bytes);
+    entry->bytes = std::make_shared<const std::string>(std::move(*bytes));
+    entry->checkedRound = round_;
     // The state seen before reading: should the file change meanwhile, the next access sees a
     // different time and reads it again.
     entry->size = disk.size;
@@ -160,7 +222,11 @@ bool ProfileStore::store(const fs::path& file, Entry& entry) {
 }
 
 bool ProfileStore::writeToDisk(const fs::path& file, Entry& entry) {
-    const std::string bytes = entry.document.serialize();
+    std::string bytes = entry.document.serialize();
+    entry.dirty = false;
+    // A change that gives the same bytes leaves the file alone: its time stays, and with it
+    // whether the system counts as modified.
+    if (entry.onDisk && entry.bytes && *entry.bytes == bytes) return true;
     std::string error;
     if (!writeFileAtomically(file, bytes, &error)) {
         // The file kept its old contents; so must the cache.
@@ -177,7 +243,8 @@ bool ProfileStore::writeToDisk(const fs::path& file, Entry& entry) {
     entry.size = disk.size;
     entry.time = disk.time;
     entry.onDisk = true;
-    entry.dirty = false;
+    entry.checkedRound = round_;
+    entry.bytes = std::make_shared<const std::string>(std::move(bytes));
     return true;
 }
 
@@ -191,6 +258,15 @@ bool ProfileStore::flushPending() {
         if (!writeToDisk(path, *entry)) ok = false;
     }
     return ok;
+}
+
+void ProfileStore::dropPending() {
+    for (auto it = entries_.begin(); it != entries_.end();) {
+        if (it->second->dirty)
+            it = entries_.erase(it);
+        else
+            ++it;
+    }
 }
 
 bool ProfileStore::fail(std::string message) {
@@ -217,6 +293,14 @@ bool ProfileStore::WriteBatch::commit() {
     const bool flushed = store_.flushPending();
     ok_ = flushed && !store_.batchFailed_;
     return ok_;
+}
+
+void ProfileStore::WriteBatch::abandon() {
+    if (done_) return;
+    done_ = true;
+    ok_ = false;
+    // Only the outermost batch knows that nothing of it must reach the disk.
+    if (--store_.batchDepth_ == 0) store_.dropPending();
 }
 
 }  // namespace orr

@@ -16,14 +16,21 @@ std::string quoted(const std::string& s) {
     return "\"" + s + "\"";
 }
 
-// A field that must be a whole number within [min, max]; the reason names the field.
-bool readNumber(const std::string& field, const char* what, long long min, long long max,
-                long long& out, std::string* reason) {
-    if (text::parseInteger(field, min, max, out)) return true;
+constexpr long long kMin16 = -32768, kMax16 = 32767;
+constexpr long long kMin32 = -2147483648LL, kMax32 = 2147483647LL;
+
+// Field i as a number: its leading value, or 0 when the line has no such field. False when the
+// value does not fit [min, max], the range of the record field it is read into.
+bool readNumber(const std::vector<std::string>& fields, std::size_t i, const char* what,
+                long long min, long long max, long long& out, std::string* reason) {
+    out = i < fields.size() ? text::leadingValue(fields[i]) : 0;
+    if (out >= min && out <= max) return true;
     if (reason) {
-        *reason = std::string("the ") + what + " " + quoted(field) +
-                  " is not a whole number from " + std::to_string(min) + " to " +
-                  std::to_string(max);
+        // A long field is named by its beginning.
+        const std::string& field = fields[i];
+        const std::string shown = field.size() > 20 ? field.substr(0, 20) + "..." : field;
+        *reason = std::string("the ") + what + " " + quoted(shown) + " is outside " +
+                  std::to_string(min) + " to " + std::to_string(max);
     }
     return false;
 }
@@ -71,17 +78,12 @@ std::vector<std::string> RecordFields::split(std::string_view line) {
 std::optional<RecordFields::Header> RecordFields::parseHeader(std::string_view line,
                                                               std::string* reason) {
     const std::vector<std::string> fields = split(line);
-    if (fields.size() != 3) {
-        if (reason) {
-            *reason = "the header line has " + std::to_string(fields.size()) +
-                      " fields instead of the display name, star type and planet count";
-        }
-        return std::nullopt;
-    }
     long long starType = 0;
     long long count = 0;
-    if (!readNumber(fields[1], "star type", 0, 7, starType, reason)) return std::nullopt;
-    if (!readNumber(fields[2], "planet count", 0, kMaxPlanets, count, reason)) return std::nullopt;
+    if (!readNumber(fields, 1, "star type", kMin16, kMax16, starType, reason) ||
+        !readNumber(fields, 2, "planet count", kMin16, kMax16, count, reason)) {
+        return std::nullopt;
+    }
     Header header;
     header.displayName = text::fitWidth(fields[0], kDisplayNameWidth);
     header.starType = static_cast<std::int16_t>(starType);
@@ -89,32 +91,15 @@ std::optional<RecordFields::Header> RecordFields::parseHeader(std::string_view l
     return header;
 }
 
-std::optional<long long> RecordFields::claimedPlanetCount(std::string_view line) {
-    const std::vector<std::string> fields = split(line);
-    long long count = 0;
-    if (fields.size() != 3 || !text::parseInteger(fields[2], -32768, 32767, count)) {
-        return std::nullopt;
-    }
-    return count;
-}
-
 bool RecordFields::parsePlanet(std::string_view line, PlanetRecord& planet, std::string* reason) {
     const std::vector<std::string> fields = split(line);
-    if (fields.size() != 6) {
-        if (reason) {
-            *reason = "a planet line has " + std::to_string(fields.size()) + " fields instead of 6";
-        }
-        return false;
-    }
-    constexpr long long kMin16 = -32768, kMax16 = 32767;
-    constexpr long long kMin32 = -2147483648LL, kMax32 = 2147483647LL;
     long long v[6];
-    if (!readNumber(fields[0], "orbit position", kMin16, kMax16, v[0], reason) ||
-        !readNumber(fields[1], "planet size", kMin16, kMax16, v[1], reason) ||
-        !readNumber(fields[2], "number of moons", kMin16, kMax16, v[2], reason) ||
-        !readNumber(fields[3], "attribute word", kMin32, kMax32, v[3], reason) ||
-        !readNumber(fields[4], "planet class", kMin16, kMax16, v[4], reason) ||
-        !readNumber(fields[5], "last visit", kMin32, kMax32, v[5], reason)) {
+    if (!readNumber(fields, 0, "orbit position", kMin16, kMax16, v[0], reason) ||
+        !readNumber(fields, 1, "planet size", kMin16, kMax16, v[1], reason) ||
+        !readNumber(fields, 2, "number of moons", kMin16, kMax16, v[2], reason) ||
+        !readNumber(fields, 3, "attribute word", kMin32, kMax32, v[3], reason) ||
+        !readNumber(fields, 4, "planet class", kMin16, kMax16, v[4], reason) ||
+        !readNumber(fields, 5, "last visit", kMin32, kMax32, v[5], reason)) {
         return false;
     }
     planet.Position = static_cast<std::int16_t>(v[0]);

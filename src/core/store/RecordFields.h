@@ -17,7 +17,7 @@ class RecordFields {
     struct Header {
         std::string displayName;  // already cut or padded to 20 characters
         std::int16_t starType = 0;
-        std::int16_t planetCount = 0;
+        std::int16_t planetCount = 0;  // as written: may be below 0 or above ten
     };
 
     // The lines of a text file without their ends; CR LF, LF and CR all end a line. A last line
@@ -29,15 +29,15 @@ class RecordFields {
     // unquoted field ends at the next comma and loses its trailing blanks.
     static std::vector<std::string> split(std::string_view line);
 
-    // The header line (display name, star type 0..7, planet count 0..10). On failure nullopt,
-    // and *reason says what is wrong in words for the user.
+    // Record lines are read as the game's comma-separated reader reads them: a number field by
+    // its leading value ("3x" is 3, "abc" is 0), a missing field as 0, fields after the last
+    // ignored. Values outside the usual ranges (a star type of 8) are kept as they are. Only a
+    // value that does not fit its 16- or 32-bit field cannot be read: then nullopt or false,
+    // and *reason says which field in words for the user.
+
+    // The header line: display name, star type, planet count.
     static std::optional<Header> parseHeader(std::string_view line, std::string* reason);
-
-    // The planet count a header claims, even when it is out of range; nullopt when the line is
-    // no header at all.
-    static std::optional<long long> claimedPlanetCount(std::string_view line);
-
-    // A planet line of six integers. Only on success are fields 1..6 of `planet` overwritten.
+    // A planet line of six numbers. Only on success are fields 1..6 of `planet` overwritten.
     static bool parsePlanet(std::string_view line, PlanetRecord& planet, std::string* reason);
 
     // The header fields as written: quoted 20-character display name, star type, planet count.

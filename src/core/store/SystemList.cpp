@@ -1,5 +1,6 @@
 #include "store/SystemList.h"
 
+#include <algorithm>
 #include <set>
 
 #include "store/FileIo.h"
@@ -10,8 +11,13 @@ namespace orr {
 
 namespace {
 
+// Blanks and control bytes only: also a DOS end-of-file mark (Ctrl-Z) or a stray NUL at the end,
+// which the lenient field rules would otherwise read as a record of their own.
 bool isBlankLine(std::string_view line) {
-    return line.find_first_not_of(" \t") == std::string_view::npos;
+    for (char c : line) {
+        if (static_cast<unsigned char>(c) > ' ') return false;
+    }
+    return true;
 }
 
 }  // namespace
@@ -33,18 +39,20 @@ std::vector<ListedSystem> ReadSystemList(const std::filesystem::path& file) {
         if (i >= lines.size()) break;
         const std::optional<RecordFields::Header> header =
             RecordFields::parseHeader(lines[i++], nullptr);
-        if (!header) break;
+        if (!header || header->planetCount > kMaxPlanets) break;
 
         ListedSystem listed;
         listed.record.DisplayName = header->displayName;
         listed.record.StarType = header->starType;
-        listed.record.PlanetCount = header->planetCount;
+        // A negative count is no planets; the key keeps the count as written.
+        const int count = std::max<int>(header->planetCount, 0);
+        listed.record.PlanetCount = static_cast<std::int16_t>(count);
         bool complete = true;
-        for (int n = 1; n <= header->planetCount && complete; ++n) {
+        for (int n = 1; n <= count && complete; ++n) {
             complete = i < lines.size() &&
                        RecordFields::parsePlanet(lines[i++], listed.record.planet(n), nullptr);
         }
-        if (!complete) break;  // a malformed record ends the list; the ones before it stay
+        if (!complete) break;  // the records before it stay
         listed.key = ListedSystemKey(header->planetCount, header->displayName);
         listed.record.Name = listed.key;
         systems.push_back(std::move(listed));

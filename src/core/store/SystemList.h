@@ -12,12 +12,14 @@
 namespace orr {
 
 struct ListedSystem {
-    std::string key;       // planet count + trimmed display name, e.g. "9Sol"
-    SystemRecord record;   // Name = key
+    std::string key;      // planet count + trimmed display name, e.g. "9Sol"
+    SystemRecord record;  // Name = key
 };
 
-// Reads records until the end of the file or the first malformed record (which ends the list;
-// the records before it stay). A missing file gives an empty list.
+// Reads records until the end of the file or the first record that cannot be read (which ends
+// the list; the records before it stay). Fields are read as the game reads them (see
+// RecordFields), so only a value too large for its field, more than ten planets or a file that
+// ends inside a record stop the reading. A missing file gives an empty list.
 std::vector<ListedSystem> ReadSystemList(const std::filesystem::path& file);
 
 // The key of a listed record.

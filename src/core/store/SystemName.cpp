@@ -1,5 +1,6 @@
 #include "store/SystemName.h"
 
+#include <algorithm>
 #include <array>
 
 #include "text/Text.h"
@@ -25,6 +26,21 @@ bool isReservedDeviceName(std::string_view name) {
     return false;
 }
 
+// "A system name cannot contain the characters '/', ':' and '?'.", with control characters
+// named as such.
+std::string forbiddenCharacters(const std::string& forbidden, bool control) {
+    const std::string controls = "control characters such as tabs or line breaks";
+    if (forbidden.empty()) return "A system name cannot contain " + controls + ".";
+    std::string listed;
+    for (std::size_t i = 0; i < forbidden.size(); ++i) {
+        if (i > 0) listed += i + 1 == forbidden.size() && !control ? " and " : ", ";
+        listed += std::string("'") + forbidden[i] + "'";
+    }
+    const bool several = forbidden.size() > 1 || control;
+    return std::string("A system name cannot contain the character") + (several ? "s " : " ") +
+           listed + (control ? " or " + controls : "") + ".";
+}
+
 }  // namespace
 
 std::optional<std::string> CheckSystemName(std::string_view name) {
@@ -32,17 +48,19 @@ std::optional<std::string> CheckSystemName(std::string_view name) {
     if (name.size() > kMaxNameLength) {
         return "A system name can have at most " + std::to_string(kMaxNameLength) + " characters.";
     }
+    // Every forbidden character at once, so one correction is enough.
+    std::string forbidden;
+    bool control = false;
     for (char c : name) {
         const auto code = static_cast<unsigned char>(c);
         if (code < 32 || code == 127) {
-            return std::string(
-                "A system name cannot contain control characters such as tabs or "
-                "line breaks.");
-        }
-        if (std::string_view("/\\:*?\"<>|").find(c) != std::string_view::npos) {
-            return std::string("A system name cannot contain the character '") + c + "'.";
+            control = true;
+        } else if (std::string_view("/\\:*?\"<>|").find(c) != std::string_view::npos &&
+                   forbidden.find(c) == std::string::npos) {
+            forbidden += c;
         }
     }
+    if (!forbidden.empty() || control) return forbiddenCharacters(forbidden, control);
     if (name == "." || name == "..") return "A system name cannot be \".\" or \"..\".";
     if (name.front() == ' ' || name.back() == ' ') {
         return std::string("A system name cannot begin or end with a blank.");
@@ -57,6 +75,30 @@ std::optional<std::string> CheckSystemName(std::string_view name) {
         return reason;
     }
     return std::nullopt;
+}
+
+std::string EncodeStarArgument(const std::string& key) {
+    constexpr std::size_t kArgumentWidth = 21;
+    const long long value = text::leadingValue(key);
+    std::string argument;
+    if (value > 0 && value < 254) {
+        // The planet count becomes one character; the digits it replaces are as many as the
+        // number has.
+        const std::size_t digits = std::to_string(value).size();
+        argument =
+            std::string(1, static_cast<char>(value)) + key.substr(std::min(digits, key.size()));
+    } else if (value >= 254) {
+        const long long firstTwo = text::leadingValue(key.substr(0, 2));
+        argument = std::string(1, static_cast<char>(firstTwo)) +
+                   key.substr(std::min<std::size_t>(2, key.size()));
+    } else if (value == 0 && !key.empty() && key[0] == '0') {
+        argument = std::string(1, '\0') + key.substr(1);
+    } else {
+        argument = std::string(1, static_cast<char>(254)) + key;
+    }
+    argument = text::fitWidth(argument, kArgumentWidth);
+    for (char& c : argument) c = static_cast<char>(255 - static_cast<unsigned char>(c));
+    return argument;
 }
 
 }  // namespace orr

@@ -9,9 +9,14 @@
 namespace orr {
 
 // nullopt when the name is usable; otherwise a sentence for the user saying why it is not:
-// empty; holding / \ : * ? " < > | or a control character; "." or ".."; leading or trailing
-// blanks or dots; a reserved device name (CON, PRN, AUX, NUL, COM1..9, LPT1..9, with or without
-// an extension).
+// empty; holding / \ : * ? " < > | or a control character (all of them named at once); "." or
+// ".."; leading or trailing blanks or dots; a reserved device name (CON, PRN, AUX, NUL, COM1..9,
+// LPT1..9, with or without an extension).
 std::optional<std::string> CheckSystemName(std::string_view name);
+
+// The game's start argument for a system key: 21 characters (8-bit codes). A custom system passes
+// the marker 254 and its name, a replacement of a listed system its planet count as one
+// character and its name; every character is then inverted (255 - code).
+std::string EncodeStarArgument(const std::string& key);
 
 }  // namespace orr

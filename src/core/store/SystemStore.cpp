@@ -89,12 +89,16 @@ fs::path SystemStore::descriptorPath(const std::string& name, const std::string&
     // Every key read goes through here: remember where the file was found, and look again only
     // when it has gone.
     const auto cached = resolvedPaths_.find(fileName);
-    if (cached != resolvedPaths_.end() && fs::is_regular_file(cached->second, ec)) {
-        return cached->second;
+    if (cached != resolvedPaths_.end()) {
+        if (cached->second.round == profiles_.round()) return cached->second.path;
+        if (fs::is_regular_file(cached->second.path, ec)) {
+            cached->second.round = profiles_.round();
+            return cached->second.path;
+        }
     }
     const fs::path path = GameFolder::findInFolder(folder_.descriptorFolder(), fileName);
     if (fs::is_regular_file(path, ec)) {
-        resolvedPaths_[fileName] = path;
+        resolvedPaths_[fileName] = {path, profiles_.round()};
     } else {
         resolvedPaths_.erase(fileName);
     }
@@ -105,7 +109,7 @@ fs::path SystemStore::openDescriptorPath() const {
     return descriptorPath(record_.Name, currentExtension());
 }
 
-std::string SystemStore::ReadKey(const std::string& section, const std::string& key) {
+std::string SystemStore::ReadKey(const std::string& section, const std::string& key) const {
     std::optional<std::string> value = profiles_.readValue(openDescriptorPath(), section, key);
     if (!value) return kNotUsed;
     // The game reads through a 255-byte buffer: at most 254 characters, ending at a NUL.
@@ -137,7 +141,7 @@ bool SystemStore::DeleteKey(const std::string& section, const std::string& key) 
     return rewriteOpenDescriptor([&](ProfileDocument& doc) { return doc.deleteKey(section, key); });
 }
 
-bool SystemStore::SectionExists(const std::string& section) {
+bool SystemStore::SectionExists(const std::string& section) const {
     const ProfileDocument* doc = profiles_.document(openDescriptorPath());
     return doc != nullptr && doc->sectionExists(section);
 }
@@ -147,15 +151,14 @@ bool SystemStore::RemovePlanetSection(int n) {
         [n](ProfileDocument& doc) { return doc.removeNumberedSection(n); });
 }
 
-std::string SystemStore::GetPlanetKey(int planet, const std::string& key, bool force) {
+std::string SystemStore::GetPlanetKey(int planet, const std::string& key, bool force) const {
     if (!force && GetGeneralFlag(kMessagesFlag, planet) == 0) return "NO";
     const std::string value = ReadKey(std::to_string(planet), key);
     return value == kNotUsed ? kErr : value;
 }
 
-int SystemStore::GetGeneralFlag(const std::string& key, int planet) {
-    std::error_code ec;
-    if (!fs::is_regular_file(openDescriptorPath(), ec)) return -1;
+int SystemStore::GetGeneralFlag(const std::string& key, int planet) const {
+    if (profiles_.document(openDescriptorPath()) == nullptr) return -1;
     const std::string flags = ReadKey("General", key);
     if (flags == kNotUsed) return -2;
     // A planet beyond the end of the text has no character, which counts as yes.
@@ -166,16 +169,19 @@ int SystemStore::GetGeneralFlag(const std::string& key, int planet) {
 
 bool SystemStore::SetGeneralFlag(const std::string& key, int planet, int count, bool yes) {
     const std::size_t width = static_cast<std::size_t>(std::max(count, 0));
-    std::string flags = ReadKey("General", key);
-    if (flags == kNotUsed) flags = std::string(width, 'N');
+    const std::string stored = ReadKey("General", key);
+    std::string flags = stored == kNotUsed ? std::string(width, 'N') : stored;
     flags.resize(width, 'N');
     if (planet >= 1 && static_cast<std::size_t>(planet) <= flags.size()) {
         flags[static_cast<std::size_t>(planet) - 1] = yes ? 'Y' : 'N';
     }
+    // The same flags are not written again: the line would lose its blanks round the "=" and
+    // the system would count as modified for nothing.
+    if (flags == stored) return true;
     return WriteKey("General", key, flags);
 }
 
-bool SystemStore::HasCustomPictures(int planet) {
+bool SystemStore::HasCustomPictures(int planet) const {
     return GetGeneralFlag(kPlanetPics, planet) != 0;
 }
 
@@ -187,7 +193,7 @@ std::string nameKey(int n) {
 
 }  // namespace
 
-std::string SystemStore::GetName(int n, const std::string& base) {
+std::string SystemStore::GetName(int n, const std::string& base) const {
     const std::string stored = ReadKey("Names", nameKey(n));
     if (n == 0) return stored;
     if (stored != kNotUsed && !stored.empty()) return stored;

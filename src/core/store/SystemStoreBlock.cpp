@@ -4,7 +4,6 @@
 #include <system_error>
 
 #include "store/RecordFields.h"
-#include "store/SystemOperations.h"
 #include "store/SystemStore.h"
 #include "text/Text.h"
 
@@ -23,9 +22,72 @@ bool isCommentLine(const ProfileDocument::Line& line) {
 // merely mentions "SolarSystem" is no marker.
 std::size_t findMarker(const std::vector<ProfileDocument::Line>& lines) {
     for (std::size_t i = 0; i < lines.size(); ++i) {
-        if (isCommentLine(lines[i]) && lines[i].text.find(kMarker) != std::string::npos) return i;
+        if (ProfileDocument::isBlockMarker(lines[i].text)) return i;
     }
     return lines.size();
+}
+
+// A descriptor's system block as the game reads it: the marker, the header line and one line
+// per planet, each line's first character (the ";") skipped.
+struct BlockScan {
+    bool found = false;
+    std::size_t marker = 0;  // the block's lines are [marker, end)
+    std::size_t end = 0;
+    std::optional<RecordFields::Header> header;
+    std::vector<PlanetRecord> planets;  // the planet lines read, in order
+    std::string damage;                 // what is wrong, for the user; empty when all is well
+    bool savable = true;  // false: a block written in its place would lose what it holds
+};
+
+BlockScan scanBlock(const std::vector<ProfileDocument::Line>& lines) {
+    BlockScan block;
+    block.marker = findMarker(lines);
+    block.found = block.marker < lines.size();
+    block.end = block.marker + 1;
+    if (!block.found) return block;
+    const auto body = [&](std::size_t i) { return std::string_view(lines[i].text).substr(1); };
+    std::string reason;
+    if (block.end < lines.size() && isCommentLine(lines[block.end])) {
+        block.header = RecordFields::parseHeader(body(block.end), &reason);
+        if (!block.header) block.damage = "in its header, " + reason;
+    } else {
+        block.damage = "its header line is missing";
+    }
+    if (!block.header) {
+        block.savable = false;
+        return block;
+    }
+    ++block.end;
+    const int claimed = block.header->planetCount;
+    if (claimed > kMaxPlanets) {
+        block.damage = "its header claims " + std::to_string(claimed) + " planets, more than the " +
+                       std::to_string(kMaxPlanets) + " a system can have";
+        block.savable = false;
+    }
+    // A negative count is no planets, as the game reads it.
+    const int wanted = std::clamp(claimed, 0, kMaxPlanets);
+    for (int n = 1; n <= wanted; ++n) {
+        // Reading stops at the first line that cannot be read: reading on past it would give
+        // later planets the numbers of earlier ones, and with them other planets' sections and
+        // names. A line that is no comment ends the block, so no section is taken for a planet.
+        if (block.end == lines.size() || !isCommentLine(lines[block.end])) {
+            if (block.damage.empty()) {
+                block.damage = "only " + std::to_string(n - 1) + " of its " +
+                               std::to_string(claimed) + " planet lines are there";
+            }
+            break;
+        }
+        PlanetRecord planet;
+        if (!RecordFields::parsePlanet(body(block.end), planet, &reason)) {
+            if (block.damage.empty())
+                block.damage = "in planet line " + std::to_string(n) + ", " + reason;
+            block.savable = false;
+            break;
+        }
+        block.planets.push_back(planet);
+        ++block.end;
+    }
+    return block;
 }
 
 // A comment line of the block: ";" and the text (built by appending: GCC 12 warns falsely about
@@ -130,7 +192,7 @@ std::string newDescriptorText(const SystemRecord& record) {
 std::string SystemStore::damagedBlockWarning(const std::string& reason,
                                              const std::string& kept) const {
     return "The system block in the descriptor of " + record_.Name + " is damaged (" + reason +
-           "). " + kept + "; saving writes a new block.";
+           "). " + kept;
 }
 
 void SystemStore::showNothingRead() {
@@ -144,62 +206,36 @@ void SystemStore::showNothingRead() {
 
 LoadResult SystemStore::ReadSystemBlock() {
     LoadResult result;
+    blockLoaded_ = false;
     const fs::path path = openDescriptorPath();
     std::error_code ec;
     if (!fs::is_regular_file(path, ec)) return result;
     const ProfileDocument* doc = profiles_.document(path);
     if (doc == nullptr) {
         showNothingRead();
-        result.warning = "The descriptor of " + record_.Name + " could not be read (" +
-                         profiles_.lastError() + "). The system is shown without planets.";
+        result.warning = "The descriptor of " + record_.Name + " could not be read. " +
+                         profiles_.lastError() + " The system is shown without planets.";
         return result;
     }
-    const std::vector<ProfileDocument::Line>& lines = doc->lines();
-    const std::size_t marker = findMarker(lines);
-    if (marker == lines.size()) return result;  // no block: the record keeps its values
-
-    std::string reason = "the header line is missing";
-    std::optional<RecordFields::Header> header;
-    if (marker + 1 < lines.size() && isCommentLine(lines[marker + 1])) {
-        header =
-            RecordFields::parseHeader(std::string_view(lines[marker + 1].text).substr(1), &reason);
-    }
-    if (!header) {
+    const BlockScan block = scanBlock(doc->lines());
+    if (!block.found) return result;  // no block: the record keeps its values
+    blockLoaded_ = true;
+    // A block that a save would lose is not saved over (SaveSystemBlock refuses).
+    const std::string notSaved = "; the block is not saved over, so nothing of it is lost.";
+    if (!block.header) {
         showNothingRead();
         result.warning = damagedBlockWarning(
-            reason,
-            "Its header cannot be read, so the system is shown under its own name "
-            "without planets");
+            block.damage, "The system is shown under its own name without planets" + notSaved);
         return result;
     }
 
-    // The planet lines before the first unreadable one are kept. Reading on past it would give
-    // later planets the numbers of earlier ones, and with them other planets' sections and names.
     SystemRecord read = record_;
-    read.DisplayName = header->displayName;
-    read.StarType = header->starType;
-    int kept = 0;
-    std::string problem;
-    for (int n = 1; n <= header->planetCount; ++n) {
-        const std::size_t at = marker + 1 + static_cast<std::size_t>(n);
-        if (at >= lines.size() || !isCommentLine(lines[at])) {
-            if (problem.empty()) {
-                problem = "only " + std::to_string(n - 1) + " of " +
-                          std::to_string(header->planetCount) + " planet lines are there";
-            }
-            break;
-        }
-        PlanetRecord planet;
-        if (RecordFields::parsePlanet(std::string_view(lines[at].text).substr(1), planet,
-                                      &reason)) {
-            read.planet(++kept) = planet;
-        } else {
-            problem = "planet " + std::to_string(n) + ": " + reason;
-            break;
-        }
-    }
+    read.DisplayName = block.header->displayName;
+    read.StarType = block.header->starType;
+    const int kept = static_cast<int>(block.planets.size());
+    for (int n = 1; n <= kept; ++n) read.planet(n) = block.planets[static_cast<std::size_t>(n - 1)];
     read.PlanetCount = static_cast<std::int16_t>(kept);
-    if (problem.empty()) {
+    if (block.damage.empty()) {
         record_ = read;
         result.blockFound = true;
         return result;
@@ -207,41 +243,59 @@ LoadResult SystemStore::ReadSystemBlock() {
     // The slots after the planets kept would otherwise still hold the previous system's planets.
     for (int n = kept + 1; n <= kMaxPlanets; ++n) read.planet(n) = PlanetRecord();
     record_ = read;
-    result.warning = damagedBlockWarning(
-        problem, "The header and " + std::to_string(kept) + " of its " +
-                     std::to_string(header->planetCount) + " planet lines are kept");
+    const std::string shown = "The header and " + std::to_string(kept) + " of its " +
+                              std::to_string(block.header->planetCount) + " planet lines are ";
+    result.warning =
+        damagedBlockWarning(block.damage, block.savable ? shown + "kept; saving writes a new block."
+                                                        : shown + "shown" + notSaved);
     return result;
 }
 
-bool SystemStore::SaveSystemBlock() {
-    const std::vector<std::string> block = blockLines(record_);
-    return rewriteOpenDescriptor([&](ProfileDocument& doc) {
-        std::vector<ProfileDocument::Line>& lines = doc.mutableLines();
-        const std::size_t marker = findMarker(lines);
-        if (marker == lines.size()) return false;  // no block to replace: the file stays
+bool SystemStore::replaceBlock(ProfileDocument& doc, const SystemRecord& record,
+                               std::string& refused) const {
+    // The old block is what the load read: the marker, its header and the planet lines read,
+    // so nothing outside it is lost.
+    const BlockScan old = scanBlock(doc.lines());
+    if (!old.found) {
+        // A file that never had a block stays without one; one whose block went missing since
+        // it was read must not pass for saved.
+        if (blockLoaded_) refused = "it is missing from the descriptor";
+        return false;
+    }
+    if (!old.savable) {
+        refused = old.damage;
+        return false;
+    }
+    // Block lines are comments: replacing them keeps the document's lookup index.
+    return doc.replaceLines(old.marker, old.end - old.marker, blockLines(record));
+}
 
-        // The old block is the marker, its header and at most as many planet lines as the
-        // header claims; a line that is no comment ends it early, so nothing else is lost.
-        std::size_t end = marker + 1;
-        if (end < lines.size() && isCommentLine(lines[end])) {
-            const long long claimed =
-                RecordFields::claimedPlanetCount(std::string_view(lines[end].text).substr(1))
-                    .value_or(0);
-            ++end;
-            for (long long k = 0; k < claimed && end < lines.size() && isCommentLine(lines[end]);
-                 ++k) {
-                ++end;
-            }
-        }
-        std::vector<ProfileDocument::Line> replacement;
-        for (const std::string& text : block) replacement.push_back({text, kCrLf});
-        lines.erase(lines.begin() + static_cast<std::ptrdiff_t>(marker),
-                    lines.begin() + static_cast<std::ptrdiff_t>(end));
-        lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(marker), replacement.begin(),
-                     replacement.end());
-        doc.linesChanged();
-        return true;
-    });
+bool SystemStore::SaveSystemBlock() {
+    std::string refused;
+    const bool written = rewriteOpenDescriptor(
+        [&](ProfileDocument& doc) { return replaceBlock(doc, record_, refused); });
+    if (written && !refused.empty()) {
+        return fail("The system block of " + record_.Name + " was not saved because " + refused +
+                    "; nothing was written.");
+    }
+    return written;
+}
+
+std::optional<std::string> SystemStore::descriptorTextFor(const SystemRecord& record) {
+    const ProfileDocument* open = profiles_.document(openDescriptorPath());
+    if (!open) {
+        fail("The descriptor of " + record_.Name + " could not be read. " + profiles_.lastError());
+        return std::nullopt;
+    }
+    ProfileDocument copy = *open;
+    std::string refused;
+    replaceBlock(copy, record, refused);
+    if (!refused.empty()) {
+        fail("The system block of " + record_.Name + " was not saved because " + refused +
+             "; nothing was written.");
+        return std::nullopt;
+    }
+    return copy.serialize();
 }
 
 bool SystemStore::AddPlanet() {

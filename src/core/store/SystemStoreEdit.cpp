@@ -56,24 +56,43 @@ bool SystemStore::BeginEdit(const std::function<bool()>& askUseBackup) {
 }
 
 bool SystemStore::EndEdit(bool save) {
+    lastWarning_.clear();
     if (!IsEditing()) return true;
     const fs::path working = descriptorPath(record_.Name, kWorking);
     const fs::path saved = descriptorPath(record_.Name, kSaved);
     extension_ = kSaved;
     if (save) {
         std::string error;
-        const bool copied = copyFileKeepingTime(working, saved, &error);
+        // The saved descriptor reaches the disk before the save counts as done.
+        const bool copied = copyFileKeepingTime(working, saved, &error, Durability::Durable);
         profiles_.forget(saved);
         // A failed copy keeps the working copy: it is the backup the next opening offers.
         if (!copied) return failWriting(saved, error);
     }
-    std::error_code ec;
-    fs::remove(working, ec);
+    std::string why;
+    const bool removed = removeFile(working, &why);
     profiles_.forget(working);
-    if (ec) {
-        return fail("The working copy \"" + working.filename().string() +
-                    "\" could not be deleted: " + ec.message() + ".");
+    if (!removed) {
+        const std::string problem = "The working copy \"" + working.filename().string() +
+                                    "\" could not be deleted. " + why;
+        if (!save) return fail(problem);
+        // The saved descriptor already holds every change: the save stands.
+        lastWarning_ = "The system was saved. " + problem +
+                       " The next opening offers it as a backup; answer No to discard it.";
     }
+    return true;
+}
+
+bool SystemStore::CommitWorkingCopy() {
+    if (!IsEditing()) return fail("No system is open.");
+    const fs::path working = descriptorPath(record_.Name, kWorking);
+    const fs::path saved = descriptorPath(record_.Name, kSaved);
+    std::string error;
+    const bool copied = copyFileKeepingTime(working, saved, &error, Durability::Durable);
+    profiles_.forget(saved);
+    if (!copied) return failWriting(saved, error);
+    // The next change of the working copy must get another time than the saved file has.
+    waitPastFileTime(saved);
     return true;
 }
 
@@ -123,10 +142,6 @@ bool SystemStore::RenameSystem(const std::string& newName) {
     if (!fs::is_regular_file(from, ec)) {
         return fail("The descriptor \"" + from.filename().string() + "\" does not exist.");
     }
-    const auto renameFailed = [this](const fs::path& a, const fs::path& b, const std::string& why) {
-        return fail(std::string("\"") + a.filename().string() + "\" could not be renamed to \"" +
-                    b.filename().string() + "\": " + why + ".");
-    };
     // On Windows a file of the new name in another spelling is the very file the new name
     // names: the saved descriptor takes the new spelling, so that the folder holds one system
     // of that name ("Sol" saved as "SOL" leaves SOL.orb and SOL.edt, not Sol.orb beside them).
@@ -135,26 +150,27 @@ bool SystemStore::RenameSystem(const std::string& newName) {
     if (extension == kWorking) {
         const fs::path saved = descriptorPath(newName, kSaved);
         if (saved != respelledTo && fs::is_regular_file(saved, ec)) {
-            fs::rename(saved, respelledTo, ec);
+            std::string why;
+            const bool renamed = renameFile(saved, respelledTo, &why);
             profiles_.forget(saved);
             profiles_.forget(respelledTo);
-            if (ec) return renameFailed(saved, respelledTo, ec.message());
+            if (!renamed) return fail(why);
             respelledFrom = saved;
         }
     }
     // Likewise an old working copy of the new name in another spelling: the rename replaces it.
     const fs::path replaced = descriptorPath(newName, extension);
-    fs::rename(from, to, ec);
+    std::string why;
+    const bool renamed = renameFile(from, to, &why);
     profiles_.forget(from);
     profiles_.forget(to);
-    if (ec) {
-        const std::string why = ec.message();
-        if (!respelledFrom.empty()) fs::rename(respelledTo, respelledFrom, ec);
+    if (!renamed) {
+        if (!respelledFrom.empty()) renameFile(respelledTo, respelledFrom);
         resolvedPaths_.clear();
-        return renameFailed(from, to, why);
+        return fail(why);
     }
     if (replaced != from && replaced != to && fs::is_regular_file(replaced, ec)) {
-        fs::remove(replaced, ec);
+        removeFile(replaced);
         profiles_.forget(replaced);
     }
     resolvedPaths_.clear();

@@ -1,5 +1,7 @@
 #include "store/Tables.h"
 
+#include "store/SystemRecord.h"
+
 #include "store/FileIo.h"
 #include "store/RecordFields.h"
 
@@ -73,6 +75,16 @@ bool Tables::InitTables(const std::filesystem::path& aliensFile) {
         AlienNames[n] = std::string(lines[n - 1]);
     }
     return true;
+}
+
+std::array<std::string, 4> Tables::InfoCaptions(std::int32_t attributes) {
+    const PlanetAttributes a = PlanetAttributes::unpack(attributes);
+    const auto at = [](int value) { return static_cast<std::size_t>(value & 3); };
+    const std::string none = "---";
+    return {InhabitedCaptions[at(a.Inhabited)],
+            a.Inhabited < 2 ? none : AdvancedCaptions[at(a.Advanced)],
+            a.Inhabited != 2 ? none : AttitudeCaptions[at(a.Attitude)],
+            EnergyCaptions[at(a.Energy)]};
 }
 
 }  // namespace orr

@@ -2,6 +2,7 @@
 // The fixed tables that give the record's numbers their meaning.
 
 #include <array>
+#include <cstdint>
 #include <filesystem>
 #include <string>
 
@@ -19,6 +20,11 @@ struct Tables {
     static const std::array<std::string, 4> AdvancedCaptions;
     static const std::array<std::string, 4> EnergyCaptions;
     static const std::array<std::string, 9> ShipSystemNames;      // 0 "Random System" .. 8
+
+    // What the planet's info panel shows of its properties: life, technology, attitude and
+    // energy, with "---" where the planet has none: technology needs animal life (living or
+    // extinct), an attitude living animal life.
+    static std::array<std::string, 4> InfoCaptions(std::int32_t attributes);
 
     // Entry n (1..255) is line n of aliens.txt; entry 0 and entries past the end are empty.
     std::array<std::string, 256> AlienNames{};

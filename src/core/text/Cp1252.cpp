@@ -36,9 +36,13 @@ void appendUtf8(std::string& out, char32_t cp) {
     } else if (cp < 0x800) {
         out += static_cast<char>(0xC0 | (cp >> 6));
         out += static_cast<char>(0x80 | (cp & 0x3F));
-    } else {
-        // Every character of the table lies in the Basic Multilingual Plane.
+    } else if (cp < 0x10000) {
         out += static_cast<char>(0xE0 | (cp >> 12));
+        out += static_cast<char>(0x80 | ((cp >> 6) & 0x3F));
+        out += static_cast<char>(0x80 | (cp & 0x3F));
+    } else {
+        out += static_cast<char>(0xF0 | (cp >> 18));
+        out += static_cast<char>(0x80 | ((cp >> 12) & 0x3F));
         out += static_cast<char>(0x80 | ((cp >> 6) & 0x3F));
         out += static_cast<char>(0x80 | (cp & 0x3F));
     }
@@ -82,6 +86,8 @@ std::size_t decodeUtf8(std::string_view s, std::size_t pos, char32_t& cp) {
     return length;
 }
 
+constexpr char32_t kReplacementCharacter = 0xFFFD;
+
 }  // namespace
 
 std::string cp1252ToUtf8(std::string_view bytes) {
@@ -108,6 +114,55 @@ std::string utf8ToCp1252(std::string_view utf8, char replacement) {
         pos += length;
     }
     return out;
+}
+
+bool isValidUtf8(std::string_view bytes) {
+    std::size_t pos = 0;
+    while (pos < bytes.size()) {
+        char32_t cp;
+        const std::size_t length = decodeUtf8(bytes, pos, cp);
+        if (length == 0) return false;
+        pos += length;
+    }
+    return true;
+}
+
+Cp1252Conversion utf8ToCp1252Strict(std::string_view utf8) {
+    Cp1252Conversion result;
+    result.bytes.reserve(utf8.size());
+    std::size_t pos = 0;
+    while (pos < utf8.size()) {
+        char32_t cp;
+        std::size_t length = decodeUtf8(utf8, pos, cp);
+        if (length == 0) {
+            cp = kReplacementCharacter;
+            length = 1;
+        }
+        pos += length;
+        if (const int byte = byteOf(cp); byte >= 0) {
+            result.bytes += static_cast<char>(byte);
+            continue;
+        }
+        std::string character;
+        appendUtf8(character, cp);
+        if (result.unstorable.find(character) == std::string::npos) result.unstorable += character;
+    }
+    return result;
+}
+
+std::string unstorableMessage(std::string_view unstorable) {
+    // The characters one by one with a blank between them, so that each can be made out.
+    std::string named;
+    std::size_t pos = 0;
+    while (pos < unstorable.size()) {
+        char32_t cp;
+        std::size_t length = decodeUtf8(unstorable, pos, cp);
+        if (length == 0) length = 1;
+        if (!named.empty()) named += ' ';
+        named += unstorable.substr(pos, length);
+        pos += length;
+    }
+    return "The game cannot store these characters: " + named + "\nPlease use other characters.";
 }
 
 }  // namespace orr::text

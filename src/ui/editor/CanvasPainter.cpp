@@ -42,6 +42,11 @@ void CanvasPainter::paintBelt(QPainter& painter, const Scene& scene, int planet,
 
 void CanvasPainter::paint(QPainter& painter, const QRectF& area, const Scene& scene) {
     painter.fillRect(area, paletteColour(kBackgroundColour));
+    if (!scene.star.isNull()) {
+        // Nearest neighbour: a 16 x 16 picture stays pixel-sharp when enlarged.
+        painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
+        painter.drawImage(scene.starRect, scene.star);
+    }
     if (!scene.record || scene.unitsPerPixel <= 0) return;
     const SystemRecord& record = *scene.record;
     const int count = std::clamp<int>(record.PlanetCount, 0, kMaxPlanets);
@@ -70,8 +75,11 @@ void CanvasPainter::paint(QPainter& painter, const QRectF& area, const Scene& sc
 
     for (int i = 1; i <= count; ++i) {
         const PlanetRecord& planet = record.planet(i);
-        const double radius = OrbitGeometry::discRadius(planet);
-        if (radius <= 0) continue;
+        if (OrbitGeometry::discRadius(planet) <= 0) continue;
+        // In a small window a small planet would shrink below a pixel and vanish: it keeps the
+        // size of the smallest planet at the game's own scale.
+        const double radius =
+            std::max(OrbitGeometry::discRadius(planet), kSmallestDisc * scene.unitsPerPixel);
         const int classIndex = std::clamp<int>(planet.PlanetClass, 0, 14);
         const QColor colour = paletteColour(Tables::ClassColours[classIndex]);
         const auto centre = OrbitGeometry::planetCentre(record, i);

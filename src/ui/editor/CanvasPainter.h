@@ -1,8 +1,10 @@
 #pragma once
-// Paints the open system as seen from above: orbits, asteroid belts and planet discs round the
-// star. Works in canvas units; the caller says where the star is and how many units a pixel is.
+// Paints the open system as seen from above: the star, then orbits, asteroid belts and planet
+// discs round it, so planets always stand above the star. Works in canvas units; the caller says
+// where the star is and how many units a pixel is.
 
 #include <QColor>
+#include <QImage>
 #include <QPointF>
 #include <QRectF>
 
@@ -17,11 +19,12 @@ class CanvasPainter {
     // The 16 colours of the classic palette the class colours index into.
     static QColor paletteColour(int index);
 
-    static constexpr int kOrbitColour = 3;       // cyan
-    static constexpr int kBeltColour = 8;        // dark grey
-    static constexpr int kHighlightColour = 12;  // light red
-    static constexpr int kLockedColour = 13;     // light magenta
-    static constexpr int kBackgroundColour = 0;  // black: space
+    static constexpr int kOrbitColour = 3;        // cyan
+    static constexpr int kBeltColour = 8;         // dark grey
+    static constexpr int kHighlightColour = 12;   // light red
+    static constexpr int kLockedColour = 13;      // light magenta
+    static constexpr int kBackgroundColour = 0;   // black: space
+    static constexpr double kSmallestDisc = 1.5;  // pixels: a planet's disc is never smaller
 
     struct Scene {
         const SystemRecord* record = nullptr;
@@ -30,6 +33,8 @@ class CanvasPainter {
         bool displayAsteroids = true;
         QPointF starCentre;  // in pixels
         double unitsPerPixel = 15;
+        QImage star;  // drawn under the planets, in starRect (pixels)
+        QRectF starRect;
     };
 
     // Clears the painter's whole area to space and draws the scene.

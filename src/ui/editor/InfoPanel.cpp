@@ -4,7 +4,6 @@
 #include <QVBoxLayout>
 
 #include "platform/QtText.h"
-#include "store/SystemRecord.h"
 #include "store/Tables.h"
 
 namespace orr::ui {
@@ -52,20 +51,11 @@ InfoPanel::InfoPanel(QWidget* parent) : QFrame(parent) {
 }
 
 void InfoPanel::showPlanet(const QString& label, std::int32_t attributes) {
-    const PlanetAttributes a = PlanetAttributes::unpack(attributes);
-    const QString dashes = QStringLiteral("---");
-    lblInh->setText(caption(Tables::InhabitedCaptions[static_cast<std::size_t>(a.Inhabited & 3)]));
-    // Technology only means something where there is life beyond plants, and an attitude only
-    // where that life is still around.
-    lblAdv->setText(
-        a.Inhabited < 2
-            ? dashes
-            : caption(Tables::AdvancedCaptions[static_cast<std::size_t>(a.Advanced & 3)]));
-    lblAtt->setText(
-        a.Inhabited != 2
-            ? dashes
-            : caption(Tables::AttitudeCaptions[static_cast<std::size_t>(a.Attitude & 3)]));
-    lblEnr->setText(caption(Tables::EnergyCaptions[static_cast<std::size_t>(a.Energy & 3)]));
+    const std::array<std::string, 4> captions = Tables::InfoCaptions(attributes);
+    lblInh->setText(caption(captions[0]));
+    lblAdv->setText(caption(captions[1]));
+    lblAtt->setText(caption(captions[2]));
+    lblEnr->setText(caption(captions[3]));
     fullName_ = label;
     lblPName->setText(FitName(lblPName, fullName_));
     lblPName->setToolTip(fullName_);

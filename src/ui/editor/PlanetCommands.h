@@ -1,56 +1,47 @@
 #pragma once
-// The main window's planet and star commands: the planet menu, the planet's context menu on the
-// canvas and the star's context menu. Each change goes into the working copy at once.
+// The main window's planet and star commands, with their questions: the planet menu, the
+// planet's context menu on the canvas and the star's context menu. Each change is a command of
+// the edit session; the window redraws when the session reports it.
 
-#include <QPoint>
+#include <QString>
+#include <functional>
 #include <optional>
 #include <string>
 
 #include "platform/Prompts.h"
-#include "store/SystemOperations.h"
+#include "session/PlanetEdits.h"
 
 namespace orr::ui {
 
-class frmSSEdit;
-
 class PlanetCommands {
   public:
-    // What the planet's context menu chose that runs only after the menu has closed.
-    enum class Chosen { None, Properties, Pictures, Messages };
+    // Opens the message editor for a planet with its "Use Custom Messages" box set as given and
+    // returns the box's value when the editor closes.
+    using MessageEditorOpener = std::function<bool(int planet, bool customMessages)>;
 
-    explicit PlanetCommands(frmSSEdit& window);
+    PlanetCommands(QWidget& window, EditSession& session);
+    void setMessageEditorOpener(MessageEditorOpener opener) { messageEditor_ = std::move(opener); }
+    bool canEditMessages() const { return static_cast<bool>(messageEditor_); }
 
-    // Planet menu.
     void addPlanet();
-    void setOrder();
-    void toggleAsteroids();
-
-    // The planet's context menu for `planet` at a screen position.
-    void runPlanetMenu(int planet, const QPoint& globalPos);
-    void choose(Chosen command) { chosen_ = command; }
-    void insertPlanet();
-    void deleteHighlighted();
-    void renameHighlighted();
-    void setHighlightedClass(int planetClass);
+    void insertPlanet(int planet);
+    void deletePlanet(int planet);
+    void renamePlanet(int planet);
+    void setPlanetClass(int planet, int planetClass);
     void showProperties(int planet);
-
-    // The star's context menu.
-    void runStarMenu(const QPoint& globalPos);
+    void editMessages(int planet);
+    void setOrder();
     void setStarType(int starType);
     void describeStar();
 
-    // The drag of an orbit begins: the system counts as modified from now on.
-    void orbitDragStarted();
-
   private:
-    int highlighted() const;
-    // Asks for a name until it is empty (nullopt: no change) or the game can store it.
+    // Asks until the answer is empty (nullopt: no change) or the game can store it.
     std::optional<std::string> askStorableName(InputPrompt ask);
-    void afterPlanetCountChange();
     void showAddResult(AddPlanetResult result);
 
-    frmSSEdit& w_;
-    Chosen chosen_ = Chosen::None;
+    QWidget& window_;
+    EditSession& session_;
+    MessageEditorOpener messageEditor_;
 };
 
 }  // namespace orr::ui

@@ -1,5 +1,6 @@
 #include "editor/StarStrip.h"
 
+#include <algorithm>
 #include <QString>
 
 // The pictures are compiled into the static editor library; its resources must be registered by
@@ -25,7 +26,7 @@ StarStrip::StarStrip(QObject* parent) : QObject(parent) {
 }
 
 QImage StarStrip::cell(int starType) const {
-    if (starType < 0 || starType >= kCellCount) starType = 0;
+    starType = std::clamp(starType, 0, kCellCount - 1);
     return cells_[static_cast<std::size_t>(starType)];
 }
 

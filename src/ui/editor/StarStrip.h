@@ -16,7 +16,8 @@ class StarStrip : public QObject {
 
     explicit StarStrip(QObject* parent = nullptr);
 
-    // The cell of a star type; types outside 0..7 give the first cell.
+    // The cell of a star type; a type outside 0..7 (read from a hand-edited file) shows the
+    // nearest one.
     QImage cell(int starType) const;
 
   private:

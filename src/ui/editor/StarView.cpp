@@ -1,41 +1,26 @@
 #include "editor/StarView.h"
 
 #include <QMouseEvent>
-#include <QPainter>
-
-#include "editor/StarStrip.h"
 
 namespace orr::ui {
 
 StarView::StarView(QWidget* parent) : QWidget(parent) {
     setObjectName(QStringLiteral("picStar"));
-    setFixedSize(sizeHint());
     setAttribute(Qt::WA_TranslucentBackground);
-}
-
-QSize StarView::sizeHint() const {
-    return {StarStrip::kCellSize * kZoom, StarStrip::kCellSize * kZoom};
+    setAttribute(Qt::WA_NoSystemBackground);
 }
 
 void StarView::setPicture(const QImage& picture, bool ownPicture) {
     picture_ = picture;
     ownPicture_ = ownPicture && !picture.isNull();
-    update();
+    emit pictureChanged();
 }
 
 void StarView::clearPicture() {
     picture_ = QImage();
     ownPicture_ = false;
     setToolTip(QString());
-    update();
-}
-
-void StarView::paintEvent(QPaintEvent*) {
-    if (picture_.isNull()) return;
-    QPainter painter(this);
-    // Nearest neighbour: a 16 x 16 picture must stay pixel-sharp when enlarged.
-    painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
-    painter.drawImage(rect(), picture_);
+    emit pictureChanged();
 }
 
 void StarView::mousePressEvent(QMouseEvent* event) {

@@ -1,6 +1,8 @@
 #pragma once
-// The star in the middle of the canvas: a 16 x 16 picture shown enlarged with hard pixel edges,
-// either the star type's strip cell or the star's own picture.
+// The star in the middle of the canvas: its type's 16 x 16 strip cell or its own picture. The
+// canvas paints it under the planets; this widget is where the star takes its tool tip (the
+// star's description), its right click and the pointer's hover. Its size follows the canvas, so
+// that it never covers the innermost orbits.
 
 #include <QImage>
 #include <QWidget>
@@ -10,8 +12,6 @@ namespace orr::ui {
 class StarView : public QWidget {
     Q_OBJECT
   public:
-    static constexpr int kZoom = 3;  // screen pixels per picture pixel
-
     explicit StarView(QWidget* parent = nullptr);
 
     // ownPicture: the star has a picture of its own rather than its strip cell.
@@ -21,14 +21,12 @@ class StarView : public QWidget {
     bool hasPicture() const { return !picture_.isNull(); }
     bool showsOwnPicture() const { return ownPicture_; }
 
-    QSize sizeHint() const override;
-
   signals:
     void rightClicked(const QPoint& globalPos);
     void hovered();
+    void pictureChanged();
 
   protected:
-    void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void enterEvent(QEnterEvent* event) override;
 

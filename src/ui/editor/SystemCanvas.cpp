@@ -1,7 +1,9 @@
 #include "editor/SystemCanvas.h"
 
+#include <QCursor>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QRegion>
 #include <algorithm>
 
 #include "editor/CanvasPainter.h"
@@ -9,15 +11,23 @@
 
 namespace orr::ui {
 
+namespace {
+
+// Room kept between the star and the innermost planet's disc (canvas units).
+constexpr double kStarMargin = 10;
+
+}  // namespace
+
 SystemCanvas::SystemCanvas(QWidget* parent) : QWidget(parent), picStar_(new StarView(this)) {
     setObjectName(QStringLiteral("picSolarSystem"));
     setMouseTracking(true);
     setAttribute(Qt::WA_OpaquePaintEvent);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setFocusPolicy(Qt::ClickFocus);
+    connect(picStar_, &StarView::pictureChanged, this, [this] { drawSystem(true); });
 }
 
-void SystemCanvas::setRecord(SystemRecord* record) {
+void SystemCanvas::setRecord(const SystemRecord* record) {
     record_ = record;
     highlighted_ = 0;
     dragged_ = 0;
@@ -36,8 +46,27 @@ double SystemCanvas::unitsPerPixel() const {
 }
 
 QPointF SystemCanvas::starCentre() const {
-    const QRect star = picStar_->geometry();
-    return {star.left() + star.width() / 2.0, star.top() + star.height() / 2.0};
+    return {width() / 2.0, height() / 2.0};
+}
+
+void SystemCanvas::placeStar() {
+    // The star stops short of the innermost planet's disc, so a planet is never hidden by it or
+    // out of the mouse's reach; whole multiples of the 16-pixel picture while there is room, so
+    // it stays sharp.
+    double room = OrbitGeometry::kOutermostOrbit;
+    if (record_ && record_->PlanetCount > 0) {
+        const PlanetRecord& first = record_->planet(1);
+        room = first.Position - OrbitGeometry::discRadius(first);
+    }
+    const double reach = 2 * std::max(0.0, room - kStarMargin) / unitsPerPixel();
+    const int side = reach >= 16 ? std::min(48, static_cast<int>(reach) / 16 * 16)
+                                 : std::max(8, static_cast<int>(reach));
+    const QPointF centre = starCentre();
+    picStar_->setGeometry(static_cast<int>(centre.x() - side / 2.0),
+                          static_cast<int>(centre.y() - side / 2.0), side, side);
+    // The room is a circle: the star takes the pointer only inside its own round, so the corners
+    // of its square never hold back a planet from the mouse.
+    picStar_->setMask(QRegion(0, 0, side, side, QRegion::Ellipse));
 }
 
 QPointF SystemCanvas::toPixels(OrbitGeometry::Point units) const {
@@ -53,6 +82,7 @@ OrbitGeometry::Point SystemCanvas::toUnits(const QPointF& pixels) const {
 
 bool SystemCanvas::drawSystem(bool force) {
     if (!force && rendered_ && current() == lastShown_) return false;
+    placeStar();
     render();
     emit redrawn();
     return true;
@@ -72,6 +102,8 @@ void SystemCanvas::render() {
     scene.displayAsteroids = displayAsteroids_;
     scene.starCentre = starCentre();
     scene.unitsPerPixel = unitsPerPixel();
+    scene.star = picStar_->picture();
+    scene.starRect = picStar_->geometry();
     QPainter painter(&cache_);
     CanvasPainter::paint(painter, QRectF(QPointF(0, 0), QSizeF(size())), scene);
     painter.end();
@@ -90,8 +122,7 @@ void SystemCanvas::paintEvent(QPaintEvent*) {
 
 void SystemCanvas::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
-    const QSize star = picStar_->size();
-    picStar_->move((width() - star.width()) / 2, (height() - star.height()) / 2);
+    placeStar();
     drawSystem(true);
 }
 
@@ -105,11 +136,15 @@ void SystemCanvas::trackMouse(const QPointF& pixels) {
     }
     const double d = OrbitGeometry::distance(mouse, {});
     const int position = OrbitGeometry::dragPosition(*record_, dragged_, d, unitsPerPixel());
-    PlanetRecord& planet = record_->planet(dragged_);
-    if (position != planet.Position) {
-        planet.Position = static_cast<std::int16_t>(position);
-        drawSystem(true);
-    }
+    if (position != record_->planet(dragged_).Position) emit orbitDragged(dragged_, position);
+}
+
+void SystemCanvas::trackPointer() {
+    const QPoint at = mapFromGlobal(QCursor::pos());
+    if (rect().contains(at))
+        trackMouse(at);
+    else
+        clearHighlight();
 }
 
 void SystemCanvas::mouseMoveEvent(QMouseEvent* event) {

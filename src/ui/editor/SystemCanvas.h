@@ -1,6 +1,8 @@
 #pragma once
 // The system canvas: the open system seen from above with the star in the middle. The mouse
-// highlights a planet, drags its orbit in and out, and asks for the planet's context menu.
+// highlights a planet, drags its orbit in and out, and asks for the planet's context menu. The
+// canvas shows the record it is given and never changes it: a drag is reported as orbit moves,
+// which the window makes commands of.
 //
 // The picture is rendered once into a cache and only rendered again when something it shows has
 // changed: the open system, the highlight, the lock or the drag; the window forces a redraw for
@@ -21,8 +23,8 @@ class SystemCanvas : public QWidget {
   public:
     explicit SystemCanvas(QWidget* parent = nullptr);
 
-    // The record shown; nullptr shows an empty sky. The canvas moves orbits of this record.
-    void setRecord(SystemRecord* record);
+    // The record shown; nullptr shows an empty sky.
+    void setRecord(const SystemRecord* record);
     // Which system is open (the list index); part of what decides whether to redraw.
     void setSystemIndex(int index) { systemIndex_ = index; }
     void setDisplayAsteroids(bool on) { displayAsteroids_ = on; }
@@ -35,6 +37,8 @@ class SystemCanvas : public QWidget {
     int draggedPlanet() const { return dragged_; }
     // Drops the highlight unless it is locked; redraws when that changed anything.
     void clearHighlight();
+    // The highlight follows the pointer where it is now (after a menu or dialog closed).
+    void trackPointer();
 
     // Renders again when the system, highlight, lock or drag changed since the last rendering, or
     // always when forced. Returns whether it rendered.
@@ -57,6 +61,8 @@ class SystemCanvas : public QWidget {
     void redrawn();
     // A left press on a planet: its orbit follows the mouse until the button is released.
     void dragStarted(int planet);
+    // During a drag: the planet's orbit should now be `position`.
+    void orbitDragged(int planet, int position);
     void dragFinished(int planet);
     void planetMenuRequested(int planet, const QPoint& globalPos);
 
@@ -78,10 +84,11 @@ class SystemCanvas : public QWidget {
     };
 
     void render();
+    void placeStar();
     void trackMouse(const QPointF& pixels);
     Shown current() const { return {systemIndex_, highlighted_, locked_, dragged_}; }
 
-    SystemRecord* record_ = nullptr;
+    const SystemRecord* record_ = nullptr;
     StarView* picStar_;
     QPixmap cache_;
     Shown lastShown_;

@@ -62,9 +62,7 @@ frmNewSS::frmNewSS(GameFolder folder, QWidget* parent)
 }
 
 void frmNewSS::refresh() {
-    tag_.clear();
-    tagBytes_.clear();
-    customChosen_ = false;
+    answer_.reset();
     cboSystems->clear();
     txtName->clear();
     // A descriptor saved under an entry's key means that system is replaced already, whether
@@ -120,18 +118,8 @@ QString frmNewSS::refusalFor(const QString& name) const {
     if (name.isEmpty()) return kNoNameMessage;
     if (const QString unstorable = unstorableCharacters(name); !unstorable.isEmpty())
         return unstorableMessage(unstorable);
-    const std::string bytes = toBytes(name);
-    if (const auto reason = CheckSystemName(bytes)) return toQString(*reason);
-    // Descriptor names are compared ignoring case: the folder goes back to Windows, where
-    // "nova.orb" and "Nova.orb" are one file.
-    const std::filesystem::path existing =
-        GameFolder::findInFolder(folder_.descriptorFolder(), bytes + ".orb");
-    std::error_code error;
-    if (std::filesystem::exists(existing, error)) {
-        return QStringLiteral("A system named '%1' already exists. Please choose another name.")
-            .arg(name);
-    }
-    return {};
+    const auto reason = canCreateSystem(folder_, toBytes(name), NewSystemAnswer::CustomName);
+    return reason ? toQString(*reason) : QString();
 }
 
 void frmNewSS::cmdOK_Click() {
@@ -147,15 +135,11 @@ void frmNewSS::cmdOK_Click() {
             txtName->selectAll();
             return;
         }
-        tag_ = name;
-        tagBytes_ = toBytes(name);
-        customChosen_ = true;
+        answer_ = Answer{toBytes(name), NewSystemAnswer::CustomName};
     } else {
         if (cboSystems->currentIndex() < 0) return;
-        tag_ = cboSystems->currentText();
-        const QByteArray key = cboSystems->currentData().toByteArray();
-        tagBytes_.assign(key.constData(), static_cast<std::size_t>(key.size()));
-        customChosen_ = false;
+        answer_ = Answer{cboSystems->currentData().toByteArray().toStdString(),
+                         NewSystemAnswer::ListedKey};
     }
     accept();
 }
@@ -165,9 +149,7 @@ void frmNewSS::cmdCancel_Click() {
 }
 
 void frmNewSS::reject() {
-    tag_.clear();
-    tagBytes_.clear();
-    customChosen_ = false;
+    answer_.reset();
     QDialog::reject();
 }
 

@@ -1,19 +1,19 @@
 #pragma once
 // "Add System": chooses a system of the game's own list to replace, or a name for a new custom
-// system. The answer is left in tag(): the chosen key or typed name, or empty when the user
-// cancelled.
+// system. The answer is the chosen key or typed name, or nothing when the user cancelled.
 //
-//     frmNewSS dialog(store.folder(), this);
-//     dialog.exec();
-//     if (!dialog.tag().isEmpty())
-//         createSystem(store, dialog.tagBytes(), dialog.customChosen()
-//                                                    ? NewSystemAnswer::CustomName
-//                                                    : NewSystemAnswer::ListedKey);
+//     frmNewSS dialog(folder, this);
+//     runDialog(dialog);
+//     if (const auto answer = dialog.answer())
+//         createSystem(folder, answer->name, answer->kind, &error);
 
 #include <QDialog>
 #include <QString>
 #include <string>
 
+#include <optional>
+
+#include "session/SystemFiles.h"
 #include "store/GameFolder.h"
 
 class QCheckBox;
@@ -39,12 +39,14 @@ class frmNewSS : public QDialog {
     // time the dialog is shown; when nothing can be offered only a custom system can be added.
     void refresh();
 
-    QString tag() const { return tag_; }
-    // The answer as the game folder's bytes: the list entry exactly as the game's list has it.
-    std::string tagBytes() const { return tagBytes_; }
-    // Whether the answer is a name typed under "Custom": such a system is custom even when its
-    // name equals a key of the game's list.
-    bool customChosen() const { return customChosen_; }
+    // The system to add: its name as the game folder's bytes (a list entry exactly as the
+    // game's list has it), and whether it was typed under "Custom" (such a system is custom
+    // even when its name equals a key of the game's list). Nothing when cancelled.
+    struct Answer {
+        std::string name;
+        NewSystemAnswer kind = NewSystemAnswer::ListedKey;
+    };
+    const std::optional<Answer>& answer() const { return answer_; }
 
     // Controls.
     QLabel* lblSystems;
@@ -70,9 +72,7 @@ class frmNewSS : public QDialog {
     QString refusalFor(const QString& name) const;
 
     GameFolder folder_;
-    QString tag_;
-    std::string tagBytes_;
-    bool customChosen_ = false;
+    std::optional<Answer> answer_;
 };
 
 }  // namespace orr::ui

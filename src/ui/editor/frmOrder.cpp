@@ -5,15 +5,14 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "pictures/PictureStrip.h"
-#include "platform/Prompts.h"
+#include "platform/Modal.h"
 #include "platform/QtText.h"
-#include "store/SystemOperations.h"
+#include "session/PlanetEdits.h"
+#include "session/SystemEdits.h"
 
 namespace orr::ui {
 
-frmOrder::frmOrder(SystemStore& store, PictureStrip* pictures, QWidget* parent)
-    : QDialog(parent), store_(store), pictures_(pictures) {
+frmOrder::frmOrder(EditSession& session, QWidget* parent) : QDialog(parent), session_(session) {
     setWindowTitle(kCaption);
     setModal(true);
 
@@ -44,20 +43,14 @@ frmOrder::frmOrder(SystemStore& store, PictureStrip* pictures, QWidget* parent)
 
 void frmOrder::fillPlanets() {
     lstPlanets->clear();
-    for (int n = 1; n <= store_.record().PlanetCount; ++n) {
-        lstPlanets->addItem(toQString(planetLabel(store_, n)));
-    }
+    for (int n = 1; n <= session_.record().PlanetCount; ++n)
+        lstPlanets->addItem(toQString(planetLabel(session_.store(), n)));
     if (lstPlanets->count() > 0) lstPlanets->setCurrentRow(0);
 }
 
-bool frmOrder::ShowSetOrder() {
+void frmOrder::ShowSetOrder() {
     fillPlanets();
-    exec();
-    return finish();
-}
-
-bool frmOrder::finish() {
-    return report(store_.SaveSystemBlock());
+    runDialog(*this);
 }
 
 void frmOrder::cmdUp_Click() {
@@ -72,25 +65,15 @@ void frmOrder::cmdDown_Click() {
 
 void frmOrder::moveEntry(int from, int to) {
     // Planets are numbered from 1, list entries from 0.
-    if (!report(swapPlanets(store_, from + 1, to + 1, pictures_))) return;
-    QListWidgetItem* fromItem = lstPlanets->item(from);
-    QListWidgetItem* toItem = lstPlanets->item(to);
-    const QString text = fromItem->text();
-    fromItem->setText(toItem->text());
-    toItem->setText(text);
+    const std::string step =
+        "Move Planet " + std::to_string(from + 1) + (to < from ? " Up" : " Down");
+    if (!report(this, swapPlanets(session_, from + 1, to + 1, step), session_.lastError(),
+                "The planets' order could not be saved."))
+        return;
+    // Named again from the session: a planet without a name of its own is called after the place
+    // it has now.
+    fillPlanets();
     lstPlanets->setCurrentRow(to);
-}
-
-bool frmOrder::report(bool ok) {
-    if (!ok) {
-        MessagePrompt prompt;
-        prompt.text = store_.lastError().empty()
-                          ? QStringLiteral("The planets' order could not be saved.")
-                          : toQString(store_.lastError());
-        prompt.icon = PromptIcon::Exclamation;
-        prompts().message(this, prompt);
-    }
-    return ok;
 }
 
 }  // namespace orr::ui

@@ -6,31 +6,25 @@
 #include <QDialog>
 #include <QString>
 
-#include "store/SystemStore.h"
+#include "session/EditSession.h"
 
 class QListWidget;
 class QPushButton;
 
 namespace orr::ui {
 
-class PictureStrip;
-
 class frmOrder : public QDialog {
     Q_OBJECT
   public:
     static inline const QString kCaption = QStringLiteral("Reorder Planets");
 
-    // `pictures` may be null (no pictures held in memory).
-    frmOrder(SystemStore& store, PictureStrip* pictures, QWidget* parent = nullptr);
+    frmOrder(EditSession& session, QWidget* parent = nullptr);
 
-    // Set Order: fills the list, shows the dialog modally, then saves the system block.
-    // Returns whether the block could be saved (the user was told otherwise).
-    bool ShowSetOrder();
+    // Set Order: fills the list and shows the dialog modally.
+    void ShowSetOrder();
 
     // Lists the planets in order: a planet without a name of its own as "Planet " + number.
     void fillPlanets();
-    // What closing does after the dialog is hidden: the block save.
-    bool finish();
 
     // Controls.
     QListWidget* lstPlanets;
@@ -43,10 +37,8 @@ class frmOrder : public QDialog {
     void cmdDown_Click();
     // Exchanges list entries `from` and `to` (0-based) and their planets; selects `to`.
     void moveEntry(int from, int to);
-    bool report(bool ok);
 
-    SystemStore& store_;
-    PictureStrip* pictures_;
+    EditSession& session_;
 };
 
 }  // namespace orr::ui

@@ -14,7 +14,10 @@
 #include <algorithm>
 #include <string>
 
-#include "pictures/PictureStrip.h"
+#include "platform/Modal.h"
+#include "session/PlanetEdits.h"
+#include "session/SystemEdits.h"
+#include "store/PictureFiles.h"
 #include "platform/Prompts.h"
 #include "platform/QtText.h"
 
@@ -31,8 +34,8 @@ int checkedIndex(const std::array<QRadioButton*, 4>& options) {
 
 }  // namespace
 
-frmPlanet::frmPlanet(SystemStore& store, PictureStrip* pictures, QWidget* parent)
-    : QDialog(parent), store_(store), pictures_(pictures) {
+frmPlanet::frmPlanet(EditSession& session, QWidget* parent)
+    : QDialog(parent), session_(session) {
     setWindowTitle(kCaptionPrefix);
     setModal(true);
 
@@ -118,11 +121,7 @@ frmPlanet::frmPlanet(SystemStore& store, PictureStrip* pictures, QWidget* parent
 
     connect(cmdMsg, &QPushButton::clicked, this, &frmPlanet::cmdMsg_Click);
     connect(cmdPic, &QPushButton::clicked, this, &frmPlanet::cmdPic_Click);
-    // The tag tells a caller that shows the dialog its own way which button closed it.
-    connect(cmdOK, &QPushButton::clicked, this, [this] {
-        tag_ = QStringLiteral("OK");
-        accept();
-    });
+    connect(cmdOK, &QPushButton::clicked, this, &frmPlanet::cmdOK_Click);
     connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
 }
 
@@ -180,7 +179,7 @@ void frmPlanet::setPictureEditorOpener(PictureEditorOpener opener) {
 void frmPlanet::fillAlienNames() {
     // Races the game folder does not name are still selectable under a number.
     cboAlienName->clear();
-    const auto& names = store_.tables().AlienNames;
+    const auto& names = session_.tables().AlienNames;
     for (std::size_t i = 0; i < names.size(); ++i) {
         if (i > 0 && names[i].empty()) {
             cboAlienName->addItem(QStringLiteral("Alien #") + QString::number(i));
@@ -199,8 +198,9 @@ void frmPlanet::selectOptions(const PlanetAttributes& attributes) {
 
 void frmPlanet::loadPlanet(int planet) {
     planet_ = std::clamp(planet, 1, kMaxPlanets);
-    tag_.clear();
-    const PlanetRecord& record = store_.record().planet(planet_);
+    static int openings = 0;
+    mergeKey_ = "properties " + std::to_string(++openings);
+    const PlanetRecord& record = session_.record().planet(planet_);
     const PlanetAttributes attributes = PlanetAttributes::unpack(record.Attributes);
 
     fillAlienNames();
@@ -213,84 +213,41 @@ void frmPlanet::loadPlanet(int planet) {
     spnSize->setEnabled(record.Size != 0);
     spnMoons->setEnabled(record.Size != 0);
 
-    chkMessage->setChecked(store_.GetGeneralFlag(kMessagesFlag, planet_) == 1);
-    chkPicture->setChecked(store_.HasCustomPictures(planet_));
+    chkMessage->setChecked(session_.store().GetGeneralFlag(kMessagesFlag, planet_) == 1);
+    chkPicture->setChecked(session_.store().HasCustomPictures(planet_));
     applyPictureEnabling();
     applyMessageEnabling();
 
-    const std::string name = store_.GetName(planet_, store_.record().DisplayName);
-    setWindowTitle(kCaptionPrefix + toQString(name));
+    setWindowTitle(kCaptionPrefix + toQString(planetName(session_.store(), planet_)));
 }
 
 bool frmPlanet::ShowPlanetProperties(int planet) {
     loadPlanet(planet);
-    exec();
-    const bool ok = tag_ == QStringLiteral("OK");
-    finish(ok);
-    return ok;
+    runDialog(*this);
+    return result() == QDialog::Accepted;
 }
 
-void frmPlanet::reject() {
-    tag_.clear();
-    QDialog::reject();
-}
-
-bool frmPlanet::finish(bool ok) {
-    bool written = true;
-    if (ok) {
-        tag_ = QStringLiteral("OK");
-        SystemRecord& system = store_.record();
-        PlanetRecord& record = system.planet(planet_);
-        PlanetAttributes attributes = PlanetAttributes::unpack(record.Attributes);
-        attributes.Inhabited = checkedIndex(gpInh);
-        attributes.Attitude = checkedIndex(gpAtt);
-        attributes.Advanced = checkedIndex(gpAdv);
-        attributes.Energy = checkedIndex(gpEnr);
-        if (cboAlienName->isEnabled()) attributes.Alien = std::max(cboAlienName->currentIndex(), 0);
-        record.Attributes = attributes.pack();
-        record.Moons = static_cast<std::int16_t>(lblMoons->text().toInt());
-        record.Size = static_cast<std::int16_t>(lblSize->text().toInt());
-        if (chkPicture->isEnabled()) {
-            written = store_.SetGeneralFlag(kPlanetPics, planet_, system.PlanetCount,
-                                            chkPicture->isChecked());
-        }
-        if (written && chkMessage->isEnabled()) {
-            written = store_.SetGeneralFlag(kMessagesFlag, planet_, system.PlanetCount,
-                                            chkMessage->isChecked());
-        }
-    } else {
-        tag_.clear();
-    }
-    // Saved in every case: option clicks have changed the record even when cancelled.
-    const bool saved = store_.SaveSystemBlock();
-    return report(written && saved);
+void frmPlanet::cmdOK_Click() {
+    PlanetProperties properties;
+    properties.attributes = PlanetAttributes::unpack(session_.record().planet(planet_).Attributes);
+    properties.attributes.Inhabited = checkedIndex(gpInh);
+    properties.attributes.Attitude = checkedIndex(gpAtt);
+    properties.attributes.Advanced = checkedIndex(gpAdv);
+    properties.attributes.Energy = checkedIndex(gpEnr);
+    if (cboAlienName->isEnabled())
+        properties.attributes.Alien = std::max(cboAlienName->currentIndex(), 0);
+    properties.moons = lblMoons->text().toInt();
+    properties.size = lblSize->text().toInt();
+    if (chkPicture->isEnabled()) properties.customPictures = chkPicture->isChecked();
+    if (chkMessage->isEnabled()) properties.customMessages = chkMessage->isChecked();
+    if (report(setPlanetProperties(session_, planet_, properties, mergeKey_))) accept();
 }
 
 void frmPlanet::option_Click(Group group, int index) {
-    PlanetRecord& record = store_.record().planet(planet_);
-    PlanetAttributes attributes = PlanetAttributes::unpack(record.Attributes);
-    switch (group) {
-        case Inhabited:
-            attributes.Inhabited = index;
-            break;
-        case Attitude:
-            attributes.Attitude = index;
-            break;
-        case Advanced:
-            attributes.Advanced = index;
-            break;
-        case Energy:
-            attributes.Energy = index;
-            break;
-    }
-    // Only animal life has an attitude; technology needs animal life, extinct or living.
-    if (attributes.Inhabited < 2) {
-        attributes.Attitude = 0;
-        attributes.Advanced = 0;
-    }
-    if (attributes.Inhabited == 3) attributes.Attitude = 0;
-    record.Attributes = attributes.pack();
-    selectOptions(attributes);
+    static constexpr AttributeGroup kGroups[] = {AttributeGroup::Inhabited, AttributeGroup::Attitude,
+                                                 AttributeGroup::Advanced, AttributeGroup::Energy};
+    report(setPlanetAttribute(session_, planet_, kGroups[group], index, mergeKey_));
+    selectOptions(PlanetAttributes::unpack(session_.record().planet(planet_).Attributes));
 }
 
 void frmPlanet::cmdMsg_Click() {
@@ -302,14 +259,13 @@ void frmPlanet::cmdMsg_Click() {
 void frmPlanet::cmdPic_Click() {
     if (!pictureEditorOpener_) return;
     pictureEditorOpener_(planet_);
-    chkPicture->setChecked(store_.GetGeneralFlag(kPlanetPics, planet_) == 1);
+    chkPicture->setChecked(session_.store().GetGeneralFlag(kPlanetPics, planet_) == 1);
     applyPictureEnabling();
 }
 
 bool frmPlanet::systemHasPictures() {
-    if (pictures_ && pictures_->hasAnyPicture()) return true;
-    return PictureStrip::findStripFile(store_.folder().picturesFolder(), store_.record().Name)
-        .has_value();
+    return session_.pictures().hasAnyPlanetPicture() ||
+           findStripFile(session_.folder(), session_.name()).has_value();
 }
 
 void frmPlanet::applyPictureEnabling() {
@@ -319,21 +275,13 @@ void frmPlanet::applyPictureEnabling() {
 }
 
 void frmPlanet::applyMessageEnabling() {
-    const bool enabled = store_.SectionExists(std::to_string(planet_));
+    const bool enabled = session_.store().SectionExists(std::to_string(planet_));
     if (!enabled) chkMessage->setChecked(false);
     chkMessage->setEnabled(enabled);
 }
 
 bool frmPlanet::report(bool ok) {
-    if (!ok) {
-        MessagePrompt prompt;
-        prompt.text = store_.lastError().empty()
-                          ? QStringLiteral("The planet's changes could not be saved.")
-                          : toQString(store_.lastError());
-        prompt.icon = PromptIcon::Exclamation;
-        prompts().message(this, prompt);
-    }
-    return ok;
+    return orr::ui::report(this, ok, session_.lastError(), "The planet's changes could not be saved.");
 }
 
 }  // namespace orr::ui

@@ -9,17 +9,17 @@
 // lblSize and lblMoons; their buttons are named "spnSizeUp"/"spnSizeDown" and
 // "spnMoonsUp"/"spnMoonsDown".
 //
-// A click in an option group is stored in the planet's record at once (with the rule that a
-// planet without animal life has no attitude and no technology, and an extinct one no
-// attitude), so it stays when the dialog is cancelled; size, moons, alien and the two flags
-// are written only on OK. The system block is saved whichever way the dialog closes.
+// A click in an option group is stored at once (the session applies the rule that a planet
+// without animal life has no attitude and no technology, and an extinct one no attitude), so it
+// stays when the dialog is cancelled; size, moons, alien and the two switches are stored on OK.
+// Everything one opening of the dialog changes is one step of the history.
 
 #include <QDialog>
 #include <QString>
 #include <array>
 #include <functional>
 
-#include "store/SystemStore.h"
+#include "session/EditSession.h"
 
 class QCheckBox;
 class QComboBox;
@@ -31,28 +31,20 @@ class QWidget;
 
 namespace orr::ui {
 
-class PictureStrip;
-
 class frmPlanet : public QDialog {
     Q_OBJECT
   public:
     static inline const QString kCaptionPrefix = QStringLiteral("Planet Properties - ");
 
-    // `pictures` may be null (no pictures held in memory).
-    frmPlanet(SystemStore& store, PictureStrip* pictures, QWidget* parent = nullptr);
+    frmPlanet(EditSession& session, QWidget* parent = nullptr);
 
-    // Fills the dialog for planet p, shows it modally and writes the answers back. Returns
+    // Fills the dialog for planet p, shows it modally and stores the answers on OK. Returns
     // whether the user pressed OK.
     bool ShowPlanetProperties(int planet);
-
-    // The parts of ShowPlanetProperties, for a caller that shows the dialog its own way:
-    // loadPlanet fills the controls, finish writes back (ok = OK was pressed, that is
-    // tag() == "OK") and saves; finish returns whether the writes succeeded.
+    // The first part of ShowPlanetProperties: fills the controls.
     void loadPlanet(int planet);
-    bool finish(bool ok);
 
     int planet() const { return planet_; }
-    QString tag() const { return tag_; }  // "OK" after OK, else empty
 
     // "Edit" beside "Use Custom Messages": opens the message editor for the planet with the
     // box's value and returns the editor's value of it when it closes.
@@ -87,9 +79,6 @@ class frmPlanet : public QDialog {
     QPushButton* cmdOK;
     QPushButton* cmdCancel;
 
-  public slots:
-    void reject() override;  // Cancel, the close box and Escape
-
   private:
     enum Group { Inhabited, Attitude, Advanced, Energy };
 
@@ -100,6 +89,7 @@ class frmPlanet : public QDialog {
     void fillAlienNames();
     void selectOptions(const PlanetAttributes& attributes);
     void option_Click(Group group, int index);
+    void cmdOK_Click();
     void cmdMsg_Click();
     void cmdPic_Click();
     bool systemHasPictures();
@@ -107,10 +97,9 @@ class frmPlanet : public QDialog {
     void applyMessageEnabling();
     bool report(bool ok);
 
-    SystemStore& store_;
-    PictureStrip* pictures_;
+    EditSession& session_;
     int planet_ = 1;
-    QString tag_;
+    std::string mergeKey_;  // the changes of one opening make one step
     MessageEditorOpener messageEditorOpener_;
     PictureEditorOpener pictureEditorOpener_;
 };

@@ -3,51 +3,58 @@
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
-#include <QComboBox>
-#include <QFile>
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QMenu>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QSessionManager>
-#include <QStackedWidget>
+#include <QStatusBar>
 #include <QVBoxLayout>
 
+#include "editor/DisplayNameBox.h"
 #include "editor/InfoPanel.h"
-#include "editor/MainMenuBuilder.h"
 #include "editor/PlanetCommands.h"
 #include "editor/StarStrip.h"
 #include "editor/StarView.h"
 #include "editor/SystemCanvas.h"
 #include "editor/SystemLifecycle.h"
+#include "editor/SystemListBox.h"
+#include "editor/SystemSaveCommands.h"
 #include "editor/frmAbout.h"
+#include "platform/Modal.h"
 #include "platform/Prompts.h"
 #include "platform/QtText.h"
 #include "platform/Settings.h"
-#include "store/SystemOperations.h"
-#include "text/Text.h"
+#include "session/SystemEdits.h"
 
 namespace orr::ui {
 
 frmSSEdit::frmSSEdit(GameFolder folder, QWidget* parent)
-    : QMainWindow(parent),
-      store_(std::move(folder)),
-      lifecycle_(std::make_unique<SystemLifecycle>(*this)),
-      planetCommands_(std::make_unique<PlanetCommands>(*this)) {
+    : QMainWindow(parent), session_(std::move(folder)) {
     setObjectName(QStringLiteral("frmSSEdit"));
-    setWindowTitle(kCaption);
+    session_.setPictureCodec(&codec_);
     buildControls();
-    MainMenuBuilder::build(*this);
+    menus_.build(*this);
+    for (QMenu* menu : findChildren<QMenu*>()) {
+        menu->setToolTipsVisible(true);
+        menu->installEventFilter(this);
+    }
+    lifecycle_ = std::make_unique<SystemLifecycle>(*this, session_, *cboSystems);
+    saving_ = std::make_unique<SystemSaveCommands>(*this, session_, *cboSystems, *lifecycle_);
+    planets_ = std::make_unique<PlanetCommands>(*this, session_);
     connectCommands();
-    picSolarSystem->setRecord(&store_.record());
-    applyEnablingRules();
+    connectPlanetMenus();
+    picSolarSystem->setRecord(&session_.record());
+    session_.subscribe([this](const ChangeNotice& notice) { refresh(notice); });
+    refresh({kSystemOpened | kSavedChanged});
 }
 
 // Whatever is open stays in its working copy: ending without the exit questions keeps it as the
 // backup the next opening offers.
-frmSSEdit::~frmSSEdit() = default;
+frmSSEdit::~frmSSEdit() {
+    if (session_.isOpen()) session_.close();
+}
 
 void frmSSEdit::buildControls() {
     auto* central = new QWidget(this);
@@ -56,36 +63,17 @@ void frmSSEdit::buildControls() {
 
     lblSS = new QLabel(QStringLiteral("Solar System:"), central);
     lblSS->setObjectName(QStringLiteral("lblSS"));
-    cboSystems = new QComboBox(central);
-    cboSystems->setObjectName(QStringLiteral("cboSystems"));
-    cboSystems->setMinimumContentsLength(20);
+    cboSystems = new SystemListBox(central);
     lblSS->setBuddy(cboSystems);
     cmdAdd = new QPushButton(QStringLiteral("&Add"), central);
     cmdAdd->setObjectName(QStringLiteral("cmdAdd"));
     cmdDelete = new QPushButton(QStringLiteral("&Delete"), central);
     cmdDelete->setObjectName(QStringLiteral("cmdDelete"));
-    cmdSave = new QPushButton(QStringLiteral("&Save"), central);
+    // "&System" is the menu's key, as on the game's own platform: the button takes another.
+    cmdSave = new QPushButton(QStringLiteral("Sa&ve"), central);
     cmdSave->setObjectName(QStringLiteral("cmdSave"));
 
-    lblName = new QLabel(central);
-    lblName->setObjectName(QStringLiteral("lblName"));
-    lblName->setAlignment(Qt::AlignCenter);
-    lblName->setToolTip(QStringLiteral("Click to change the name the game shows"));
-    QFont nameFont = lblName->font();
-    nameFont.setPointSizeF(nameFont.pointSizeF() * 1.4);
-    nameFont.setBold(true);
-    lblName->setFont(nameFont);
-    lblName->installEventFilter(this);
-    txtName = new QLineEdit(central);
-    txtName->setObjectName(QStringLiteral("txtName"));
-    txtName->setMaxLength(static_cast<int>(kDisplayNameWidth));
-    txtName->setAlignment(Qt::AlignCenter);
-    txtName->setFont(nameFont);
-    txtName->installEventFilter(this);
-    nameStack_ = new QStackedWidget(central);
-    nameStack_->addWidget(lblName);
-    nameStack_->addWidget(txtName);
-    nameStack_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    nameBox_ = new DisplayNameBox(central);
 
     // The raised frame round the canvas.
     auto* canvasFrame = new QFrame(central);
@@ -121,81 +109,98 @@ void frmSSEdit::buildControls() {
     body->addLayout(side);
     auto* layout = new QVBoxLayout(central);
     layout->addLayout(top);
-    layout->addWidget(nameStack_);
+    layout->addWidget(nameBox_);
     layout->addLayout(body, 1);
+    statusBar()->setObjectName(QStringLiteral("sbrStatus"));
 }
 
 void frmSSEdit::connectCommands() {
     SystemLifecycle* life = lifecycle_.get();
-    PlanetCommands* planets = planetCommands_.get();
-    connect(cboSystems, &QComboBox::activated, this, [life](int i) { life->systemChosen(i); });
+    SystemSaveCommands* saving = saving_.get();
+    connect(cboSystems, &SystemListBox::chosen, this, [life](int i) { life->systemChosen(i); });
     connect(cmdAdd, &QPushButton::clicked, this, [life] { life->newSystem(); });
-    connect(cmdDelete, &QPushButton::clicked, this, [life] { life->deleteSystem(); });
-    connect(cmdSave, &QPushButton::clicked, this, [life] { life->save(); });
-    connect(mnuFNew, &QAction::triggered, this, [life] { life->newSystem(); });
-    connect(mnuFSave, &QAction::triggered, this, [life] { life->save(); });
-    connect(mnuFSaveAs, &QAction::triggered, this, [life] { life->saveAs(); });
-    connect(mnuFClear, &QAction::triggered, this, [life] { life->clearPlanets(); });
-    connect(mnuFDelete, &QAction::triggered, this, [life] { life->deleteSystem(); });
-    connect(mnuFExit, &QAction::triggered, this, [this, life] {
+    connect(cmdDelete, &QPushButton::clicked, this, [saving] { saving->deleteSystem(); });
+    connect(cmdSave, &QPushButton::clicked, this, [saving] { saving->save(); });
+    connect(menus_.mnuFNew, &QAction::triggered, this, [life] { life->newSystem(); });
+    connect(menus_.mnuFSave, &QAction::triggered, this, [saving] { saving->save(); });
+    connect(menus_.mnuFSaveAs, &QAction::triggered, this, [saving] { saving->saveAs(); });
+    connect(menus_.mnuFClear, &QAction::triggered, this, [saving] { saving->clearPlanets(); });
+    connect(menus_.mnuFDelete, &QAction::triggered, this, [saving] { saving->deleteSystem(); });
+    connect(menus_.mnuFExit, &QAction::triggered, this, [this, life] {
         if (!life->confirmExit()) return;
         exitConfirmed_ = true;
         close();
     });
-    connect(mnuHAbout, &QAction::triggered, this, [this] {
+    connect(menus_.mnuEUndo, &QAction::triggered, this, [this] { undoOrRedo(false); });
+    connect(menus_.mnuERedo, &QAction::triggered, this, [this] { undoOrRedo(true); });
+    connect(menus_.mnuHAbout, &QAction::triggered, this, [this] {
         frmAbout about(this);
         runDialog(about);
     });
-
-    connect(mnuPAdd, &QAction::triggered, this, [planets] { planets->addPlanet(); });
-    connect(mnuPOrder, &QAction::triggered, this, [planets] { planets->setOrder(); });
-    connect(mnuPDetail, &QAction::triggered, this, [planets] { planets->toggleAsteroids(); });
-
-    using Chosen = PlanetCommands::Chosen;
-    connect(mnuProperties, &QAction::triggered, this,
-            [planets] { planets->choose(Chosen::Properties); });
-    connect(mnuPicture, &QAction::triggered, this,
-            [planets] { planets->choose(Chosen::Pictures); });
-    connect(mnuMessages, &QAction::triggered, this,
-            [planets] { planets->choose(Chosen::Messages); });
-    connect(mnuDescription, &QAction::triggered, this, [planets] { planets->renameHighlighted(); });
-    connect(mnuInsert, &QAction::triggered, this, [planets] { planets->insertPlanet(); });
-    connect(mnuDelete, &QAction::triggered, this, [planets] { planets->deleteHighlighted(); });
-    for (QAction* entry : mnuPClass)
-        connect(entry, &QAction::triggered, this,
-                [planets, entry] { planets->setHighlightedClass(entry->data().toInt()); });
-    connect(mnuStarDesc, &QAction::triggered, this, [planets] { planets->describeStar(); });
-    for (QAction* entry : mnuStarType)
-        connect(entry, &QAction::triggered, this,
-                [planets, entry] { planets->setStarType(entry->data().toInt()); });
-
-    connect(picSolarSystem, &SystemCanvas::redrawn, this, &frmSSEdit::updateInfo);
-    connect(picSolarSystem, &SystemCanvas::dragStarted, this,
-            [planets] { planets->orbitDragStarted(); });
-    connect(picSolarSystem, &SystemCanvas::planetMenuRequested, this,
-            [planets](int planet, const QPoint& at) { planets->runPlanetMenu(planet, at); });
-    connect(picStar, &StarView::rightClicked, this,
-            [planets](const QPoint& at) { planets->runStarMenu(at); });
-    connect(picStar, &StarView::hovered, picSolarSystem, &SystemCanvas::clearHighlight);
-    connect(txtName, &QLineEdit::returnPressed, this, [this] { finishNameEdit(true); });
-
+    for (QObject* source : {static_cast<QObject*>(life), static_cast<QObject*>(saving)}) {
+        connect(source, SIGNAL(statusMessage(QString)), statusBar(), SLOT(showMessage(QString)));
+    }
+    connect(nameBox_, &DisplayNameBox::nameEntered, this, [this](const QString& name) {
+        report(this, setDisplayName(session_, toBytes(name)), session_.lastError());
+    });
+    connect(nameBox_, &DisplayNameBox::editingFinished, picSolarSystem,
+            qOverload<>(&QWidget::setFocus));
     connect(qApp, &QGuiApplication::commitDataRequest, this,
             [this](QSessionManager&) { endWithoutQuestions(); });
     qApp->installEventFilter(this);
 }
 
+void frmSSEdit::connectPlanetMenus() {
+    PlanetCommands* planets = planets_.get();
+    SystemCanvas* canvas = picSolarSystem;
+    const auto highlighted = [canvas] { return canvas->highlightedPlanet(); };
+    connect(menus_.mnuPAdd, &QAction::triggered, this, [planets] { planets->addPlanet(); });
+    connect(menus_.mnuPOrder, &QAction::triggered, this, [planets] { planets->setOrder(); });
+    connect(menus_.mnuPDetail, &QAction::triggered, this, [this](bool on) {
+        picSolarSystem->setDisplayAsteroids(on);
+        Settings::setDisplayAsteroids(on);
+        picSolarSystem->drawSystem(true);
+    });
+    connect(menus_.mnuDescription, &QAction::triggered, this,
+            [=] { planets->renamePlanet(highlighted()); });
+    connect(menus_.mnuInsert, &QAction::triggered, this,
+            [=] { planets->insertPlanet(highlighted()); });
+    connect(menus_.mnuDelete, &QAction::triggered, this, [=] {
+        planets->deletePlanet(highlighted());
+        // The highlighted number now belongs to the next planet, or to none.
+        canvas->setHighlightedPlanet(0);
+    });
+    for (QAction* entry : menus_.mnuPClass)
+        connect(entry, &QAction::triggered, this,
+                [=] { planets->setPlanetClass(highlighted(), entry->data().toInt()); });
+    connect(menus_.mnuStarDesc, &QAction::triggered, this, [planets] { planets->describeStar(); });
+    for (QAction* entry : menus_.mnuStarType)
+        connect(entry, &QAction::triggered, this,
+                [planets, entry] { planets->setStarType(entry->data().toInt()); });
+
+    connect(canvas, &SystemCanvas::redrawn, this, &frmSSEdit::updateInfo);
+    // Every move of one drag joins one step of the history.
+    connect(canvas, &SystemCanvas::dragStarted, this, [this] { ++dragId_; });
+    connect(canvas, &SystemCanvas::orbitDragged, this, [this](int planet, int position) {
+        report(this, movePlanet(session_, planet, position, dragId_), session_.lastError());
+    });
+    connect(canvas, &SystemCanvas::planetMenuRequested, this, &frmSSEdit::runPlanetMenu);
+    connect(picStar, &StarView::rightClicked, this, &frmSSEdit::runStarMenu);
+    connect(picStar, &StarView::hovered, canvas, &SystemCanvas::clearHighlight);
+}
+
 bool frmSSEdit::startUp() {
-    if (!store_.folder().hasGameExecutable()) {
+    if (!session_.folder().hasGameExecutable()) {
         prompts().inform(this, QStringLiteral("This software must be installed in the same "
                                               "folder as Voidrunner for Windows 9x."));
         return false;
     }
-    store_.InitTables();
+    session_.InitTables();
     lifecycle_->fillSystemList();
     const bool asteroids = Settings::displayAsteroids();
-    mnuPDetail->setChecked(asteroids);
+    menus_.mnuPDetail->setChecked(asteroids);
     picSolarSystem->setDisplayAsteroids(asteroids);
-    lifecycle_->applyNoSelection();
+    refresh({kSystemOpened | kSavedChanged});
     return true;
 }
 
@@ -206,118 +211,129 @@ void frmSSEdit::showAboutIfWanted() {
 }
 
 bool frmSSEdit::openSystemNamed(const std::string& name) {
-    const int index = lifecycle_->findEntry(name);
-    if (index < 0) {
-        prompts().inform(this, QStringLiteral("There is no system named '") + toQString(name) +
-                                   QStringLiteral("' in this game folder."));
-        return false;
+    return lifecycle_->openNamed(name);
+}
+
+void frmSSEdit::setMessageEditorOpener(MessageEditorOpener opener) {
+    planets_->setMessageEditorOpener(std::move(opener));
+    applyEnablingRules();
+}
+
+void frmSSEdit::highlightPlanet(int planet) {
+    picSolarSystem->setHighlightedPlanet(planet);
+    picSolarSystem->drawSystem();
+}
+
+void frmSSEdit::refresh(const ChangeNotice& notice) {
+    if (notice.has(kSystemOpened)) {
+        lifecycle_->followSession();
+        picSolarSystem->setHighlightedPlanet(0);
+        picSolarSystem->setHighlightLocked(false);
+        picSolarSystem->setSystemIndex(session_.isOpen() ? lifecycle_->openIndex() : -1);
     }
-    cboSystems->setCurrentIndex(index);
-    lifecycle_->systemChosen(index);
-    return lifecycle_->tag() == index;
-}
-
-void frmSSEdit::DrawSystem(bool force) {
-    picSolarSystem->drawSystem(force);
-}
-
-QString frmSSEdit::FitName(const QLabel* label, const QString& text) {
-    return InfoPanel::FitName(label, text);
+    if (notice.has(kSystemOpened | kPicturesChanged | kStarChanged)) showStarPicture();
+    if (notice.has(kPlanetsChanged) &&
+        picSolarSystem->highlightedPlanet() > session_.record().PlanetCount)
+        picSolarSystem->setHighlightedPlanet(0);
+    picSolarSystem->drawSystem(true);
+    applyEnablingRules();
+    menus_.showHistory(toQString(session_.undoName()), toQString(session_.redoName()));
+    // The title names the open system and marks it while it has unsaved changes.
+    setWindowTitle(session_.isOpen()
+                       ? toQString(session_.name()) + QStringLiteral("[*] - ") + kCaption
+                       : kCaption);
+    setWindowModified(session_.isModified());
 }
 
 void frmSSEdit::updateInfo() {
-    const SystemRecord& record = store_.record();
+    const SystemRecord& record = session_.record();
     const int planet = picSolarSystem->highlightedPlanet();
     if (planet < 1 || planet > record.PlanetCount || picSolarSystem->draggedPlanet() != 0) {
         picInfo->hide();
     } else {
-        picInfo->showPlanet(toQString(planetLabel(store_, planet)),
+        picInfo->showPlanet(toQString(planetLabel(session_.store(), planet)),
                             record.planet(planet).Attributes);
         picInfo->show();
     }
-    lblName->setText(toQString(record.trimmedDisplayName()));
-    picStar->setToolTip(hasOpenSystem() ? toQString(planetName(store_, 0)) : QString());
-}
-
-bool frmSSEdit::hasOpenSystem() const {
-    return lifecycle_->tag() >= 0 && cboSystems->currentIndex() >= 0;
+    nameBox_->setName(toQString(record.trimmedDisplayName()));
+    nameBox_->setEditable(session_.isOpen());
+    picStar->setToolTip(session_.isOpen() ? toQString(planetName(session_.store(), 0)) : QString());
 }
 
 void frmSSEdit::applyEnablingRules() {
-    const bool open = hasOpenSystem();
-    const int count = open ? store_.record().PlanetCount : 0;
+    const bool open = session_.isOpen();
+    const int count = open ? session_.record().PlanetCount : 0;
     for (QWidget* button : {static_cast<QWidget*>(cmdSave), static_cast<QWidget*>(cmdDelete)})
         button->setEnabled(open);
-    for (QAction* item : {mnuFSave, mnuFSaveAs, mnuFClear, mnuFDelete}) item->setEnabled(open);
-    // Game launch and packaging are not offered yet.
-    mnuFTest->setEnabled(false);
-    mnuFPackage->setEnabled(false);
-    mnuPlanet->setEnabled(open);
-    mnuPAdd->setEnabled(open);
-    mnuPOrder->setEnabled(open && count >= 2);
-    // The pictures window is not part of the editor yet.
-    mnuPPics->setEnabled(false);
-    mnuPicture->setEnabled(false);
-    mnuStarPic->setEnabled(false);
-    mnuMessages->setEnabled(static_cast<bool>(messageEditorOpener_));
-}
-
-bool frmSSEdit::starHasOwnPicture() const {
-    return picStar->showsOwnPicture();
+    for (QAction* item : {menus_.mnuFSave, menus_.mnuFSaveAs, menus_.mnuFClear, menus_.mnuFDelete})
+        item->setEnabled(open);
+    menus_.mnuPlanet->setEnabled(open);
+    menus_.mnuPAdd->setEnabled(open);
+    menus_.mnuPOrder->setEnabled(open && count >= 2);
+    // Commands that come with later windows say so where the pointer rests on them.
+    const QString later = QStringLiteral("Not available yet in this version of Orrerion.");
+    for (QAction* item : {menus_.mnuFTest, menus_.mnuFPackage, menus_.mnuPPics, menus_.mnuPicture,
+                          menus_.mnuStarPic}) {
+        item->setEnabled(false);
+        item->setStatusTip(later);
+        item->setToolTip(later);
+    }
+    menus_.mnuMessages->setEnabled(planets_->canEditMessages());
 }
 
 void frmSSEdit::showStarPicture() {
-    const SystemRecord& record = store_.record();
-    const std::string starName = record.Name + "Sun";
-    for (const fs::path& file : systemPictureFiles(store_.folder(), record.Name)) {
-        const std::string fileName = file.filename().string();
-        const auto dot = fileName.rfind('.');
-        if (dot == std::string::npos || !text::equalsIgnoreCase(fileName.substr(0, dot), starName))
-            continue;
-        const QImage picture(QFile::decodeName(QByteArray::fromStdString(file.string())));
-        if (picture.isNull()) continue;
-        picStar->setPicture(picture, true);
-        mnuStarPic->setChecked(true);
+    if (!session_.isOpen()) {
+        picStar->clearPicture();
         return;
     }
-    picStar->setPicture(clpStars->cell(record.StarType), false);
-    mnuStarPic->setChecked(false);
+    const QImage own = imageOf(session_.pictures().star());
+    if (!own.isNull())
+        picStar->setPicture(own, true);
+    else
+        picStar->setPicture(clpStars->cell(session_.record().StarType), false);
+    menus_.mnuStarPic->setChecked(picStar->showsOwnPicture());
 }
 
-bool frmSSEdit::report(bool ok) {
-    if (!ok) {
-        const std::string& error = store_.lastError();
-        prompts().inform(this, error.empty() ? QStringLiteral("The system could not be written.")
-                                             : toQString(error));
+void frmSSEdit::runPlanetMenu(int planet, const QPoint& globalPos) {
+    if (planet < 1 || planet > session_.record().PlanetCount) return;
+    picSolarSystem->setHighlightedPlanet(planet);
+    picSolarSystem->setHighlightLocked(true);
+    picSolarSystem->drawSystem();
+    menus_.mnuInsert->setEnabled(session_.record().PlanetCount < kMaxPlanets);
+    const int planetClass = session_.record().planet(planet).PlanetClass;
+    for (QAction* entry : menus_.mnuPClass) entry->setChecked(entry->data().toInt() == planetClass);
+
+    // Properties and Messages open windows of their own, so they wait until the menu is gone.
+    QAction* chosen = nullptr;
+    const auto remember = connect(menus_.mnuPopup, &QMenu::triggered, this,
+                                  [&chosen](QAction* action) { chosen = action; });
+    runMenu(*menus_.mnuPopup, globalPos);
+    disconnect(remember);
+    if (chosen == menus_.mnuProperties) {
+        picInfo->hide();
+        planets_->showProperties(planet);
+    } else if (chosen == menus_.mnuMessages) {
+        planets_->editMessages(planet);
     }
-    return ok;
+    picSolarSystem->setHighlightLocked(false);
+    picSolarSystem->trackPointer();
+    picSolarSystem->drawSystem();
 }
 
-void frmSSEdit::setPopupRunner(PopupRunner runner) {
-    popupRunner_ = std::move(runner);
+void frmSSEdit::runStarMenu(const QPoint& globalPos) {
+    if (!session_.isOpen() || !picStar->hasPicture()) return;
+    const int starType = session_.record().StarType;
+    for (QAction* entry : menus_.mnuStarType) entry->setChecked(entry->data().toInt() == starType);
+    const bool own = picStar->showsOwnPicture();
+    menus_.mnuType->setEnabled(!own);
+    menus_.mnuStarPic->setChecked(own);
+    runMenu(*menus_.mnuPopupStar, globalPos);
+    picSolarSystem->trackPointer();
 }
 
-void frmSSEdit::runPopup(QMenu* menu, const QPoint& globalPos) {
-    if (popupRunner_)
-        popupRunner_(menu, globalPos);
-    else
-        menu->exec(globalPos);
-}
-
-void frmSSEdit::setDialogRunner(DialogRunner runner) {
-    dialogRunner_ = std::move(runner);
-}
-
-void frmSSEdit::runDialog(QDialog& dialog) {
-    if (dialogRunner_)
-        dialogRunner_(dialog);
-    else
-        dialog.exec();
-}
-
-void frmSSEdit::setMessageEditorOpener(MessageEditorOpener opener) {
-    messageEditorOpener_ = std::move(opener);
-    applyEnablingRules();
+void frmSSEdit::undoOrRedo(bool redo) {
+    if (!(redo ? session_.canRedo() : session_.canUndo())) return;
+    report(this, redo ? session_.redo() : session_.undo(), session_.lastError());
 }
 
 void frmSSEdit::endWithoutQuestions() {
@@ -333,6 +349,14 @@ void frmSSEdit::closeEvent(QCloseEvent* event) {
     event->ignore();
 }
 
+void frmSSEdit::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    // Back from a dialog or message box (or another program): while this window was blocked the
+    // canvas saw none of the pointer's moves, so the highlight follows where the pointer is now.
+    if (event->type() == QEvent::ActivationChange && isActiveWindow())
+        picSolarSystem->trackPointer();
+}
+
 bool frmSSEdit::eventFilter(QObject* watched, QEvent* event) {
     if (watched == qApp) {
         // The application is told to quit (not the user closing this window): its windows
@@ -340,50 +364,15 @@ bool frmSSEdit::eventFilter(QObject* watched, QEvent* event) {
         if (event->type() == QEvent::Quit) endWithoutQuestions();
         return false;
     }
-    if (watched == lblName && event->type() == QEvent::MouseButtonPress) {
-        beginNameEdit();
-        return true;
-    }
-    if (watched == txtName) {
-        if (event->type() == QEvent::KeyPress &&
-            static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
-            finishNameEdit(false);
-            return true;
-        }
-        if (event->type() == QEvent::FocusOut && !refusingName_) finishNameEdit(false);
+    if (auto* menu = qobject_cast<QMenu*>(watched); menu && event->type() == QEvent::MouseMove) {
+        // Qt tells the status line nothing of a context menu's entries or of disabled ones: the
+        // line says what the entry under the pointer does, or why it is not available.
+        const QAction* entry =
+            menu->actionAt(static_cast<QMouseEvent*>(event)->position().toPoint());
+        statusBar()->showMessage(entry ? entry->statusTip() : QString());
+        return false;
     }
     return QMainWindow::eventFilter(watched, event);
-}
-
-void frmSSEdit::beginNameEdit() {
-    if (!hasOpenSystem()) return;
-    txtName->setText(toQString(store_.record().trimmedDisplayName()));
-    nameStack_->setCurrentWidget(txtName);
-    txtName->selectAll();
-    txtName->setFocus();
-}
-
-void frmSSEdit::finishNameEdit(bool keep) {
-    if (nameStack_->currentWidget() != txtName) return;
-    const QString typed = txtName->text();
-    if (keep) {
-        if (const QString unstorable = unstorableCharacters(typed); !unstorable.isEmpty()) {
-            // The box stays open for a correction; the message must not close it by taking the
-            // focus away.
-            refusingName_ = true;
-            prompts().inform(this, unstorableMessage(unstorable));
-            refusingName_ = false;
-            txtName->setFocus();
-            return;
-        }
-    }
-    nameStack_->setCurrentWidget(lblName);
-    // Enter on the name as it was shown writes nothing, so the system does not turn modified.
-    if (keep && typed != toQString(store_.record().trimmedDisplayName())) {
-        report(setDisplayName(store_, toBytes(typed)));
-        DrawSystem(true);
-    }
-    picSolarSystem->setFocus();
 }
 
 }  // namespace orr::ui

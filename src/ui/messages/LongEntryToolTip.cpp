@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QMouseEvent>
+#include <QScrollBar>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -15,12 +16,13 @@ constexpr int kPadding = 3;
 
 }  // namespace
 
-LongEntryToolTip::LongEntryToolTip(QListWidget* list, QWidget* window)
-    : QFrame(window), list_(list) {
+LongEntryToolTip::LongEntryToolTip(QListWidget* list) : QFrame(list->viewport()), list_(list) {
     setObjectName(QStringLiteral("picTooltip"));
     setFrameShape(QFrame::Box);
     setAutoFillBackground(true);
     setBackgroundRole(QPalette::ToolTipBase);
+    // Clicks go through to the entries below.
+    setAttribute(Qt::WA_TransparentForMouseEvents);
     lblTooltip = new QLabel(this);
     lblTooltip->setObjectName(QStringLiteral("lblTooltip"));
     lblTooltip->setWordWrap(true);
@@ -33,35 +35,35 @@ LongEntryToolTip::LongEntryToolTip(QListWidget* list, QWidget* window)
 
     list_->viewport()->setMouseTracking(true);
     list_->viewport()->installEventFilter(this);
-}
-
-int LongEntryToolTip::rowAt(const QPoint& viewportPos) const {
-    const QModelIndex index = list_->indexAt(viewportPos);
-    return index.isValid() ? index.row() : -1;
+    for (QScrollBar* bar : {list_->verticalScrollBar(), list_->horizontalScrollBar()})
+        connect(bar, &QScrollBar::valueChanged, this, &LongEntryToolTip::dismiss);
+    connect(list_->model(), &QAbstractItemModel::modelReset, this, &LongEntryToolTip::dismiss);
+    connect(list_->model(), &QAbstractItemModel::rowsRemoved, this, &LongEntryToolTip::dismiss);
 }
 
 bool LongEntryToolTip::showFor(int row) {
     QListWidgetItem* item = row >= 0 ? list_->item(row) : nullptr;
+    QWidget* viewport = list_->viewport();
     if (!item || !list_->isVisible()) {
         dismiss();
         return false;
     }
     const QString text = item->text();
     const QFontMetrics metrics(list_->font());
-    const QRect entry = list_->visualItemRect(item);
-    if (metrics.horizontalAdvance(text) + 2 * kPadding <= list_->viewport()->width()) {
+    if (metrics.horizontalAdvance(text) + 2 * kPadding <= viewport->width()) {
         dismiss();
         return false;
     }
-    QWidget* window = parentWidget();
-    const QPoint topLeft = list_->viewport()->mapTo(window, entry.topLeft());
-    // As wide as the text needs, but never past the window's right edge: then it wraps.
-    const int room = std::max(80, window->width() - topLeft.x() - 4);
-    const int width = std::min(metrics.horizontalAdvance(text) + 4 * kPadding + 2, room);
+    // As wide as the list, wrapped, from the entry down; near the bottom it grows upwards so
+    // that it stays inside the list.
+    const QRect entry = list_->visualItemRect(item);
+    const int width = viewport->width();
     lblTooltip->setFont(list_->font());
     lblTooltip->setText(text);
-    const int height = lblTooltip->heightForWidth(width - 2 * kPadding - 2) + 4;
-    setGeometry(topLeft.x(), topLeft.y(), width, std::max(height, entry.height()));
+    const int height =
+        std::max(lblTooltip->heightForWidth(width - 2 * kPadding - 2) + 4, entry.height());
+    const int top = std::max(0, std::min(entry.top(), viewport->height() - height));
+    setGeometry(0, top, width, std::min(height, viewport->height()));
     row_ = row;
     show();
     raise();
@@ -78,11 +80,19 @@ bool LongEntryToolTip::eventFilter(QObject* watched, QEvent* event) {
         switch (event->type()) {
             case QEvent::MouseMove: {
                 const auto* move = static_cast<QMouseEvent*>(event);
-                if (move->buttons() == Qt::NoButton) showFor(rowAt(move->position().toPoint()));
+                const QModelIndex index = list_->indexAt(move->position().toPoint());
+                const int row = index.isValid() ? index.row() : -1;
+                if (move->buttons() != Qt::NoButton)
+                    dismiss();
+                else if (row != row_)
+                    showFor(row);
                 break;
             }
+            case QEvent::Leave:
             case QEvent::Wheel:
             case QEvent::Hide:
+            case QEvent::Resize:
+            case QEvent::MouseButtonPress:
                 dismiss();
                 break;
             default:
@@ -90,29 +100,6 @@ bool LongEntryToolTip::eventFilter(QObject* watched, QEvent* event) {
         }
     }
     return QFrame::eventFilter(watched, event);
-}
-
-void LongEntryToolTip::mousePressEvent(QMouseEvent* event) {
-    const int row = row_;
-    if (row < 0) return;
-    if (event->button() == Qt::RightButton) {
-        dismiss();
-        emit entryMenuRequested(row, event->globalPosition().toPoint());
-    } else if (event->button() == Qt::LeftButton) {
-        emit entryClicked(row);
-    }
-}
-
-void LongEntryToolTip::mouseDoubleClickEvent(QMouseEvent* event) {
-    const int row = row_;
-    if (row < 0 || event->button() != Qt::LeftButton) return;
-    dismiss();
-    emit entryDoubleClicked(row);
-}
-
-void LongEntryToolTip::leaveEvent(QEvent* event) {
-    dismiss();
-    QFrame::leaveEvent(event);
 }
 
 }  // namespace orr::ui

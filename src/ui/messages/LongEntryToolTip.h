@@ -1,7 +1,8 @@
 #pragma once
-// picTooltip: the panel that shows the whole text of a list entry too long for the message
-// list. It appears over the entry under the mouse, wrapped when the text would not fit the
-// window, and passes clicks on to the entry it covers.
+// picTooltip: the panel that shows the whole text of a list entry too long for the message list.
+// It appears over the entry under the pointer, inside the list and wrapped to the list's width,
+// and hides when the pointer leaves that entry. It never takes a click: clicks, double clicks
+// and the context menu reach the list entries below it, and nothing outside the list is covered.
 
 #include <QFrame>
 
@@ -13,8 +14,8 @@ namespace orr::ui {
 class LongEntryToolTip : public QFrame {
     Q_OBJECT
   public:
-    // `list` is watched for the mouse; the panel is a child of `window`, over everything else.
-    LongEntryToolTip(QListWidget* list, QWidget* window);
+    // `list` is watched for the pointer; the panel lies on the list's viewport.
+    explicit LongEntryToolTip(QListWidget* list);
 
     // Shows the panel for entry `row` when its text is wider than the list; hides it otherwise.
     // Returns whether it is shown.
@@ -22,24 +23,12 @@ class LongEntryToolTip : public QFrame {
     int row() const { return row_; }
     void dismiss();
 
-    QLabel* lblTooltip;
-
-  signals:
-    void entryClicked(int row);
-    void entryDoubleClicked(int row);
-    void entryMenuRequested(int row, const QPoint& globalPos);
-
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
-    void mousePressEvent(QMouseEvent* event) override;
-    void mouseDoubleClickEvent(QMouseEvent* event) override;
-    void leaveEvent(QEvent* event) override;
 
   private:
-    // The entry under a point of the list's viewport: the top entry plus the height in lines.
-    int rowAt(const QPoint& viewportPos) const;
-
     QListWidget* list_;
+    QLabel* lblTooltip;
     int row_ = -1;
 };
 

@@ -5,7 +5,7 @@
 
 #include "messages/frmMessages.h"
 #include "platform/QtText.h"
-#include "store/SystemOperations.h"
+#include "session/SystemEdits.h"
 
 namespace orr::ui {
 
@@ -19,7 +19,7 @@ QPointer<frmMessages>& parentlessEditor() {
 
 }  // namespace
 
-frmMessages& messageEditorFor(QWidget* parent, SystemStore& store) {
+frmMessages& messageEditorFor(QWidget* parent, EditSession& store) {
     if (parent) {
         if (auto* editor = parent->findChild<frmMessages*>(QString(), Qt::FindDirectChildrenOnly))
             return *editor;
@@ -34,14 +34,15 @@ frmMessages& messageEditorFor(QWidget* parent, SystemStore& store) {
     return *editor;
 }
 
-bool openMessageEditor(QWidget* parent, SystemStore& store, int planet) {
+bool openMessageEditor(QWidget* parent, EditSession& store, int planet) {
     return openMessageEditor(parent, store, planet,
-                             store.GetGeneralFlag(kMessagesFlag, planet) == 1);
+                             store.store().GetGeneralFlag(kMessagesFlag, planet) == 1);
 }
 
-bool openMessageEditor(QWidget* parent, SystemStore& store, int planet, bool customMessages) {
+bool openMessageEditor(QWidget* parent, EditSession& store, int planet, bool customMessages) {
     frmMessages& editor = messageEditorFor(parent, store);
-    return editor.openForPlanet(planet, toQString(planetName(store, planet)), customMessages);
+    return editor.openForPlanet(planet, toQString(planetName(store.store(), planet)),
+                                customMessages);
 }
 
 }  // namespace orr::ui

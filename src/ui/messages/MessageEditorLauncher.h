@@ -4,12 +4,12 @@
 // so that the editor remembers which planet's groups it read last.
 //
 //     mainWindow.setMessageEditorOpener([&](int planet) {
-//         openMessageEditor(&mainWindow, mainWindow.store(), planet);
+//         openMessageEditor(&mainWindow, mainWindow.session(), planet);
 //     });
 //     connect(&mainWindow, &frmSSEdit::systemOpened,
-//             &messageEditorFor(&mainWindow, mainWindow.store()), &frmMessages::markForReload);
+//             &messageEditorFor(&mainWindow, mainWindow.session()), &frmMessages::markForReload);
 
-#include "store/SystemStore.h"
+#include "session/EditSession.h"
 
 class QWidget;
 
@@ -18,12 +18,12 @@ namespace orr::ui {
 class frmMessages;
 
 // The editor window of `parent` (a top-level window of its own when parent is null).
-frmMessages& messageEditorFor(QWidget* parent, SystemStore& store);
+frmMessages& messageEditorFor(QWidget* parent, EditSession& session);
 
 // Opens the editor modally on `planet` of the open system, titled with the planet's name, with
 // "Use Custom Messages" showing the planet's switch. Returns the box's value once it closed.
-bool openMessageEditor(QWidget* parent, SystemStore& store, int planet);
+bool openMessageEditor(QWidget* parent, EditSession& session, int planet);
 // The same with the box's starting value given by the caller.
-bool openMessageEditor(QWidget* parent, SystemStore& store, int planet, bool customMessages);
+bool openMessageEditor(QWidget* parent, EditSession& session, int planet, bool customMessages);
 
 }  // namespace orr::ui

@@ -1,30 +1,49 @@
 #include "messages/MessageLineForm.h"
 
 #include <QComboBox>
-#include <QFontMetrics>
+#include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
 #include <QScrollBar>
+#include <QVBoxLayout>
 #include <algorithm>
 
-#include "messages/MessageCodec.h"
-#include "messages/MessageEditRules.h"
-#include "messages/SpecialCodesPanel.h"
-#include "messages/frmMessages.h"
 #include "platform/QtText.h"
 
 namespace orr::ui {
 
 namespace {
 
-// The scroll bars run upside down: the top of the bar is the largest value, as in the game's
-// own editor, so a bar's value is its maximum minus the setting.
-int barValue(const QScrollBar* bar, int setting) {
-    return bar->maximum() - setting + bar->minimum();
+template <typename Widget>
+Widget* named(Widget* widget, const QString& name) {
+    widget->setObjectName(name);
+    return widget;
 }
 
+QLabel* label(const QString& caption, const QString& name, QWidget* parent) {
+    return named(new QLabel(caption, parent), name);
+}
+
+// A scroll bar standing for a small number; its top is the largest value, as in the game's own
+// editor. Long enough that the groove, not the two arrows, makes up most of it and the handle
+// can be dragged.
+QScrollBar* settingBar(int maximum, const QString& name, QWidget* parent) {
+    auto* bar = named(new QScrollBar(Qt::Vertical, parent), name);
+    bar->setRange(0, maximum);
+    bar->setPageStep(1);
+    bar->setMinimumHeight(bar->sizeHint().width() * 7);
+    return bar;
+}
+
+// The two labels beside a bar stand together at its middle: the caption above, the value below.
+void pairLabels(QLabel* caption, QLabel* value) {
+    caption->setAlignment(Qt::AlignLeft | Qt::AlignBottom);
+    value->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+}
+
+// The bars run upside down, so a bar's value is its maximum minus the setting.
 int settingOf(const QScrollBar* bar) {
     return bar->maximum() - bar->value() + bar->minimum();
 }
@@ -41,44 +60,136 @@ QString percentText(int tenths) {
     return QStringLiteral("%1% of the time").arg(tenths * 10);
 }
 
+// Marks the controls as being filled, so that their change signals are not taken for the
+// designer's.
+class Loading {
+  public:
+    explicit Loading(bool& flag) : flag_(flag), before_(flag) { flag_ = true; }
+    ~Loading() { flag_ = before_; }
+    Loading(const Loading&) = delete;
+    Loading& operator=(const Loading&) = delete;
+
+  private:
+    bool& flag_;
+    bool before_;
+};
+
 }  // namespace
 
-MessageLineForm::MessageLineForm(frmMessages& window) : w_(window) {}
+MessageLineForm::MessageLineForm(QWidget* parent) : QWidget(parent) {
+    fraActions = new SpecialCodesPanel(this);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(buildOptions());
+    layout->addWidget(buildDisplay());
+    layout->addWidget(fraActions, 1);
+
+    connect(vsbWait, &QScrollBar::valueChanged, this, [this] {
+        lblWait->setText(waitText(wait()));
+        edited();
+    });
+    connect(vsbPercent, &QScrollBar::valueChanged, this, [this] {
+        lblPercent->setText(percentText(percent()));
+        edited();
+    });
+    connect(cboAnswerGroup, &QComboBox::editTextChanged, this, &MessageLineForm::edited);
+    connect(fraActions, &SpecialCodesPanel::changed, this, &MessageLineForm::edited);
+    for (std::size_t i = 0; i < optDisplay.size(); ++i) {
+        connect(optDisplay[i], &QRadioButton::toggled, this, [this, i](bool on) {
+            if (!on) return;
+            displayChosen(static_cast<DisplayMode>(i));
+            edited();
+        });
+    }
+    connect(txtDisplay, &QLineEdit::textEdited, this, [this](const QString& title) {
+        if (display() == DisplayMode::Custom) customTitle_ = title;
+    });
+    connect(txtDisplay, &QLineEdit::textChanged, this, &MessageLineForm::edited);
+    reset();
+    setOptionsEnabled(false);
+}
+
+QWidget* MessageLineForm::buildOptions() {
+    fraOptions =
+        named(new QGroupBox(QStringLiteral("Options"), this), QStringLiteral("fraOptions"));
+    lblWaitFor =
+        label(QStringLiteral("Message displays"), QStringLiteral("lblWaitFor"), fraOptions);
+    lblWait = label(QString(), QStringLiteral("lblWait"), fraOptions);
+    vsbWait = settingBar(kMaxWait, QStringLiteral("vsbWait"), fraOptions);
+    lblIncluded =
+        label(QStringLiteral("Message included"), QStringLiteral("lblIncluded"), fraOptions);
+    lblPercent = label(QString(), QStringLiteral("lblPercent"), fraOptions);
+    vsbPercent = settingBar(kMaxPercent, QStringLiteral("vsbPercent"), fraOptions);
+    lblAnswer = label(QStringLiteral("Answer Group:"), QStringLiteral("lblAnswer"), fraOptions);
+    cboAnswerGroup = named(new QComboBox(fraOptions), QStringLiteral("cboAnswerGroup"));
+    cboAnswerGroup->setEditable(true);
+    cboAnswerGroup->setInsertPolicy(QComboBox::NoInsert);
+    cboAnswerGroup->setCompleter(nullptr);
+    lblAnswer->setBuddy(cboAnswerGroup);
+    pairLabels(lblWaitFor, lblWait);
+    pairLabels(lblIncluded, lblPercent);
+    auto* options = new QGridLayout(fraOptions);
+    // Each bar stands left of the two labels that describe it.
+    options->addWidget(vsbWait, 0, 0, 2, 1);
+    options->addWidget(lblWaitFor, 0, 1);
+    options->addWidget(lblWait, 1, 1);
+    options->addWidget(vsbPercent, 0, 2, 2, 1);
+    options->addWidget(lblIncluded, 0, 3);
+    options->addWidget(lblPercent, 1, 3);
+    options->addWidget(lblAnswer, 2, 0, 1, 4);
+    options->addWidget(cboAnswerGroup, 3, 0, 1, 4);
+    options->setColumnStretch(1, 1);
+    options->setColumnStretch(3, 1);
+    return fraOptions;
+}
+
+QWidget* MessageLineForm::buildDisplay() {
+    fraDisplay =
+        named(new QGroupBox(QStringLiteral("Display"), this), QStringLiteral("fraDisplay"));
+    const std::array<QString, 3> displays = {QStringLiteral("Standard"), QStringLiteral("Box"),
+                                             QStringLiteral("Custom")};
+    auto* display = new QGridLayout(fraDisplay);
+    for (std::size_t i = 0; i < optDisplay.size(); ++i) {
+        optDisplay[i] =
+            named(new QRadioButton(displays[i], fraDisplay), QStringLiteral("optDisplay%1").arg(i));
+        display->addWidget(optDisplay[i], 0, static_cast<int>(i));
+    }
+    optDisplay[0]->setChecked(true);
+    txtDisplay = named(new QLineEdit(fraDisplay), QStringLiteral("txtDisplay"));
+    display->addWidget(txtDisplay, 1, 0, 1, 3);
+    return fraDisplay;
+}
+
+void MessageLineForm::edited() {
+    if (!loading_) emit changed();
+}
 
 int MessageLineForm::wait() const {
-    return settingOf(w_.vsbWait);
+    return settingOf(vsbWait);
 }
 
 int MessageLineForm::percent() const {
-    return settingOf(w_.vsbPercent);
+    return settingOf(vsbPercent);
 }
 
 void MessageLineForm::setWait(int seconds) {
-    w_.vsbWait->setValue(barValue(w_.vsbWait, std::clamp(seconds, 0, kMaxWait)));
-    waitChanged();
+    vsbWait->setValue(vsbWait->maximum() - std::clamp(seconds, 0, kMaxWait));
+    lblWait->setText(waitText(wait()));
 }
 
 void MessageLineForm::setPercent(int tenths) {
-    w_.vsbPercent->setValue(barValue(w_.vsbPercent, std::clamp(tenths, 0, kMaxPercent)));
-    percentChanged();
-}
-
-void MessageLineForm::waitChanged() {
-    w_.lblWait->setText(waitText(wait()));
-}
-
-void MessageLineForm::percentChanged() {
-    w_.lblPercent->setText(percentText(percent()));
+    vsbPercent->setValue(vsbPercent->maximum() - std::clamp(tenths, 0, kMaxPercent));
+    lblPercent->setText(percentText(percent()));
 }
 
 DisplayMode MessageLineForm::display() const {
-    if (w_.optDisplay[1]->isChecked()) return DisplayMode::Box;
-    if (w_.optDisplay[2]->isChecked()) return DisplayMode::Custom;
+    if (optDisplay[1]->isChecked()) return DisplayMode::Box;
+    if (optDisplay[2]->isChecked()) return DisplayMode::Custom;
     return DisplayMode::Standard;
 }
 
 void MessageLineForm::setDisplay(DisplayMode mode) {
-    w_.optDisplay[static_cast<int>(mode)]->setChecked(true);
+    optDisplay[static_cast<int>(mode)]->setChecked(true);
     displayChosen(mode);
 }
 
@@ -86,37 +197,31 @@ void MessageLineForm::displayChosen(DisplayMode mode) {
     // txtDisplay shows what the game will use as the caption; only a custom one can be typed.
     switch (mode) {
         case DisplayMode::Standard:
-            w_.txtDisplay->setText(QString::fromLatin1(kStandardCaption));
+            txtDisplay->setText(QString::fromLatin1(kStandardCaption));
             break;
         case DisplayMode::Box:
-            w_.txtDisplay->setText(QString::fromLatin1(kBoxCaption));
+            txtDisplay->setText(QString::fromLatin1(kBoxCaption));
             break;
         case DisplayMode::Custom:
-            w_.txtDisplay->setText(customTitle_);
+            txtDisplay->setText(customTitle_);
             break;
     }
-    w_.txtDisplay->setEnabled(mode == DisplayMode::Custom && w_.fraDisplay->isEnabled());
+    txtDisplay->setEnabled(mode == DisplayMode::Custom && fraDisplay->isEnabled());
 }
 
-void MessageLineForm::customTitleEdited(const QString& title) {
-    if (display() == DisplayMode::Custom) customTitle_ = title;
-}
-
-void MessageLineForm::show(const MessageLine& line) {
+void MessageLineForm::showLine(const MessageLine& line) {
+    const Loading loading(loading_);
     setWait(line.wait);
     setPercent(line.percent);
     if (line.display == DisplayMode::Custom) customTitle_ = toQString(line.title);
     setDisplay(line.display);
-    w_.cboAnswerGroup->setEditText(toQString(line.answerGroup));
-    w_.fraActions->setEntries(line.specials);
+    cboAnswerGroup->setEditText(toQString(line.answerGroup));
+    fraActions->setEntries(line.specials);
 }
 
 void MessageLineForm::reset() {
-    MessageLine empty;
     customTitle_.clear();
-    show(empty);
-    w_.lblLength->setText(QStringLiteral("Length: 0"));
-    hideError();
+    showLine(MessageLine{});
 }
 
 MessageLine MessageLineForm::read(const std::string& text) const {
@@ -132,53 +237,50 @@ MessageLine MessageLineForm::read(const std::string& text) const {
             line.title = kBoxCaption;
             break;
         case DisplayMode::Custom:
-            line.title = toBytes(w_.txtDisplay->text());
+            line.title = toBytes(txtDisplay->text());
             break;
     }
     line.text = text;
-    line.answerGroup = toBytes(w_.cboAnswerGroup->currentText().trimmed());
-    line.specials = w_.fraActions->entries();
+    line.answerGroup = toBytes(answerGroup());
+    line.specials = fraActions->entries();
     return line;
 }
 
+QString MessageLineForm::typed() const {
+    const QString caption = display() == DisplayMode::Custom ? txtDisplay->text() : QString();
+    return caption + cboAnswerGroup->currentText();
+}
+
+QString MessageLineForm::answerGroup() const {
+    return cboAnswerGroup->currentText().trimmed();
+}
+
+void MessageLineForm::setAnswerGroups(const std::vector<std::string>& groups) {
+    const Loading loading(loading_);
+    const QString text = cboAnswerGroup->currentText();
+    cboAnswerGroup->clear();
+    for (const std::string& group : groups) cboAnswerGroup->addItem(toQString(group));
+    cboAnswerGroup->setCurrentIndex(-1);
+    cboAnswerGroup->setEditText(text);
+}
+
 void MessageLineForm::setOptionsEnabled(bool enabled) {
-    w_.fraOptions->setEnabled(enabled);
-    w_.fraActions->setEnabled(enabled);
-    w_.fraDisplay->setEnabled(enabled);
-    w_.txtDisplay->setEnabled(enabled && display() == DisplayMode::Custom);
+    fraOptions->setEnabled(enabled);
+    fraActions->setEnabled(enabled);
+    fraDisplay->setEnabled(enabled);
+    txtDisplay->setEnabled(enabled && display() == DisplayMode::Custom);
 }
 
-int MessageLineForm::textWidthTwips(const QWidget& window, const QString& text) {
-    const QFontMetrics metrics(window.font(), &window);
-    const int dpi = std::max(1, window.logicalDpiX());
-    return static_cast<int>(static_cast<long long>(metrics.horizontalAdvance(text)) *
-                            kTwipsPerInch / dpi);
+void MessageLineForm::setCodes(const SpecialCodeList& codes) {
+    fraActions->setCodes(codes);
 }
 
-void MessageLineForm::updateLength(Direction direction, const std::string& group,
-                                   const std::string& text) {
-    const std::string stored = ComposeMessage(read(text), direction, group);
-    w_.lblLength->setText(QStringLiteral("Length: %1").arg(stored.size()));
-
-    QString problem;
-    if (ExceedsLengthLimit(stored)) {
-        problem = QString::fromLatin1(kLengthLimitExceeded);
-    } else if (direction == Direction::Response &&
-               textWidthTwips(w_, toQString(text)) >= kResponseWidthLimitTwips) {
-        problem = QString::fromLatin1(kWidthLimitExceeded);
-    }
-    w_.lblError->setText(problem);
-    w_.lblError->setVisible(!problem.isEmpty());
-    setLengthColour(!problem.isEmpty());
+void MessageLineForm::setDirection(Direction direction) {
+    fraActions->setDirection(direction);
 }
 
-void MessageLineForm::hideError() {
-    w_.lblError->hide();
-    setLengthColour(false);
-}
-
-void MessageLineForm::setLengthColour(bool red) {
-    w_.lblLength->setStyleSheet(red ? QStringLiteral("color: red;") : QString());
+void MessageLineForm::setChoosers(SpecialCodesPanel::Choosers choosers) {
+    fraActions->setChoosers(std::move(choosers));
 }
 
 }  // namespace orr::ui

@@ -1,8 +1,10 @@
 #include "messages/SpecialCodesPanel.h"
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QGridLayout>
 #include <QListWidget>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <algorithm>
@@ -18,11 +20,26 @@ SpecialCodesPanel::SpecialCodesPanel(QWidget* parent) : QGroupBox(kCaption, pare
     cboSpecial = new QComboBox(this);
     cboSpecial->setObjectName(QStringLiteral("cboSpecial"));
     cboSpecial->setEditable(false);
-    // The entries are long sentences; the box stays narrow and the drop-down shows them whole.
+    // The box never grows with its entries (the drop-down shows them whole), so the window
+    // keeps its width whatever the list file holds.
     cboSpecial->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     cboSpecial->setMinimumContentsLength(24);
+    cboSpecial->view()->setTextElideMode(Qt::ElideRight);
     lstSpecial = new QListWidget(this);
     lstSpecial->setObjectName(QStringLiteral("lstSpecial"));
+    lstSpecial->setMinimumHeight(lstSpecial->fontMetrics().lineSpacing() * 3);
+    // The chosen or selected entry's explanation, wrapped to the frame's width in a box of two
+    // lines that scrolls, so that neither a long explanation nor none moves the other controls.
+    txtExplanation = new QPlainTextEdit(this);
+    txtExplanation->setObjectName(QStringLiteral("txtExplanation"));
+    txtExplanation->setReadOnly(true);
+    txtExplanation->setFocusPolicy(Qt::NoFocus);
+    txtExplanation->setFrameShape(QFrame::NoFrame);
+    txtExplanation->viewport()->setAutoFillBackground(false);
+    txtExplanation->document()->setDocumentMargin(0);
+    txtExplanation->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    txtExplanation->setFixedHeight(txtExplanation->fontMetrics().lineSpacing() * 2);
+    txtExplanation->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     cmdSpAdd = new QPushButton(QStringLiteral("Add"), this);
     cmdSpAdd->setObjectName(QStringLiteral("cmdSpAdd"));
     cmdSpDelete = new QPushButton(QStringLiteral("Delete"), this);
@@ -37,9 +54,10 @@ SpecialCodesPanel::SpecialCodesPanel(QWidget* parent) : QGroupBox(kCaption, pare
     auto* layout = new QGridLayout(this);
     layout->addWidget(cboSpecial, 0, 0, 1, 3);
     layout->addWidget(lstSpecial, 1, 0, 1, 3);
-    layout->addWidget(cmdSpAdd, 2, 0);
-    layout->addWidget(cmdSpEdit, 2, 1);
-    layout->addWidget(cmdSpDelete, 2, 2);
+    layout->addWidget(txtExplanation, 2, 0, 1, 3);
+    layout->addWidget(cmdSpAdd, 3, 0);
+    layout->addWidget(cmdSpEdit, 3, 1);
+    layout->addWidget(cmdSpDelete, 3, 2);
 
     connect(cboSpecial, &QComboBox::currentIndexChanged, this, &SpecialCodesPanel::chooseEntry);
     connect(cmdSpAdd, &QPushButton::clicked, this, &SpecialCodesPanel::addChosen);
@@ -58,6 +76,10 @@ void SpecialCodesPanel::setCodes(const SpecialCodeList& codes) {
     if (codes_.codesAvailable()) {
         for (const SpecialEntry& entry : codes_.entries()) {
             cboSpecial->addItem(toQString(entry.line()));
+            if (!entry.explanation().empty()) {
+                cboSpecial->setItemData(cboSpecial->count() - 1, toQString(entry.explanation()),
+                                        Qt::ToolTipRole);
+            }
             if (entry.isHeading()) {
                 // Headings group the entries; they are shown but cannot be attached.
                 QFont bold = cboSpecial->font();
@@ -90,7 +112,10 @@ void SpecialCodesPanel::showAttached(int selectRow) {
     lstSpecial->clear();
     for (const SpecialEntry& entry : attached_) {
         auto* item = new QListWidgetItem(toQString(entry.line()), lstSpecial);
-        item->setToolTip(item->text());  // the descriptions are longer than the frame is wide
+        // The descriptions are longer than the frame is wide.
+        QString tip = item->text();
+        if (!entry.explanation().empty()) tip += QLatin1Char('\n') + toQString(entry.explanation());
+        item->setToolTip(tip);
     }
     lstSpecial->setCurrentRow(selectRow);
     attachedSelected(selectRow);
@@ -113,6 +138,14 @@ void SpecialCodesPanel::chooseEntry(int index) {
         settling_ = false;
     }
     updateAddButton();
+    const int chosen = cboSpecial->currentIndex();
+    showExplanation(chosen >= 0 && chosen < static_cast<int>(codes_.size())
+                        ? codes_.entries()[chosen].explanation()
+                        : std::string());
+}
+
+void SpecialCodesPanel::showExplanation(const std::string& explanation) {
+    txtExplanation->setPlainText(toQString(explanation));
 }
 
 void SpecialCodesPanel::addChosen() {
@@ -160,7 +193,7 @@ std::string SpecialCodesPanel::askArgument(const SpecialEntry& entry) {
         problem = unstorableMessage(characters);
     } else {
         value = toBytes(*answer);
-        problem = toQString(argumentProblem(value));
+        problem = toQString(argumentProblem(entry.code(), value));
     }
     if (!problem.isEmpty()) {
         MessagePrompt refusal;
@@ -199,6 +232,7 @@ void SpecialCodesPanel::attachedSelected(int row) {
     const bool selected = row >= 0 && row < static_cast<int>(attached_.size());
     cmdSpDelete->setEnabled(selected);
     cmdSpEdit->setEnabled(selected && attached_[row].canEditArgument());
+    if (selected) showExplanation(attached_[row].explanation());
 }
 
 }  // namespace orr::ui

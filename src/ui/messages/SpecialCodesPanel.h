@@ -15,6 +15,7 @@
 
 class QComboBox;
 class QListWidget;
+class QPlainTextEdit;
 class QPushButton;
 
 namespace orr::ui {
@@ -44,8 +45,12 @@ class SpecialCodesPanel : public QGroupBox {
 
     const std::vector<SpecialEntry>& entries() const { return attached_; }
     void setEntries(std::vector<SpecialEntry> entries);
-    void clearEntries() { setEntries({}); }
 
+  signals:
+    // The attached codes changed (the line's length changes with them).
+    void changed();
+
+  private:
     // The commands, as the controls run them.
     void chooseEntry(int index);  // a choice in cboSpecial
     void addChosen();             // cmdSpAdd
@@ -59,14 +64,12 @@ class SpecialCodesPanel : public QGroupBox {
     QPushButton* cmdSpAdd;
     QPushButton* cmdSpDelete;
     QPushButton* cmdSpEdit;
+    QPlainTextEdit* txtExplanation;
 
-  signals:
-    // The attached codes changed (the line's length changes with them).
-    void changed();
-
-  private:
     void showAttached(int selectRow);
     void updateAddButton();
+    // The longer explanation the list file gives for an entry, below the attached codes.
+    void showExplanation(const std::string& explanation);
     // The new argument for `entry` from the matching chooser or the input box; empty when the
     // designer cancelled or gave nothing.
     std::string askArgument(const SpecialEntry& entry);

@@ -14,12 +14,14 @@
 #include "messages/Flags.h"
 #include "messages/PlanetMessageStore.h"
 #include "messages/SpecialEntry.h"
+#include "platform/Modal.h"
 #include "platform/Prompts.h"
 #include "platform/QtText.h"
+#include "session/MessageEdits.h"
 
 namespace orr::ui {
 
-frmFlag::frmFlag(SystemStore& store, QWidget* parent) : QDialog(parent), store_(store) {
+frmFlag::frmFlag(EditSession& session, QWidget* parent) : QDialog(parent), session_(session) {
     setObjectName(QStringLiteral("frmFlag"));
     setWindowTitle(kCaption);
     setModal(true);
@@ -68,7 +70,7 @@ QString frmFlag::chosenFlag() const {
 }
 
 void frmFlag::LoadFlags() {
-    PlanetMessageStore messages(store_, planet_);
+    PlanetMessageStore messages(session_.store(), planet_);
     {
         const QSignalBlocker blocker(cboFlag);
         cboFlag->clear();
@@ -85,7 +87,7 @@ void frmFlag::prepare(const QString& current) {
 
 QString frmFlag::GetFlagChar(const QString& current) {
     prepare(current);
-    exec();
+    runDialog(*this);
     return chosenFlag();
 }
 
@@ -129,16 +131,10 @@ void frmFlag::cmdOK_Click() {
         return;
     }
     const char flag = FlagChar(index);
-    PlanetMessageStore messages(store_, planet_);
-    if (!SaveFlagDescription(messages, flag, description)) {
-        MessagePrompt prompt;
-        prompt.text = store_.lastError().empty()
-                          ? QStringLiteral("The flag's description could not be written.")
-                          : toQString(store_.lastError());
-        prompt.icon = PromptIcon::Exclamation;
-        prompts().message(this, prompt);
+    // One step of the session's history ("Describe Flag C").
+    if (!report(this, setFlagDescription(session_, planet_, flag, description),
+                session_.lastError(), "The flag's description could not be written."))
         return;
-    }
     cboFlag->setItemText(index, toQString(std::string(1, flag) + kCodeSeparator + description));
     chosen_ = index;
     accept();

@@ -6,7 +6,7 @@
 #include <QDialog>
 #include <QString>
 
-#include "store/SystemStore.h"
+#include "session/EditSession.h"
 
 class QComboBox;
 class QLabel;
@@ -20,7 +20,7 @@ class frmFlag : public QDialog {
   public:
     static inline const QString kCaption = QStringLiteral("Choose a Flag");
 
-    explicit frmFlag(SystemStore& store, QWidget* parent = nullptr);
+    explicit frmFlag(EditSession& session, QWidget* parent = nullptr);
 
     // The planet whose flags are listed and described (1..10).
     void setPlanet(int planet) { planet_ = planet; }
@@ -51,7 +51,7 @@ class frmFlag : public QDialog {
     void flagChosen(int index);
     void cmdOK_Click();
 
-    SystemStore& store_;
+    EditSession& session_;
     int planet_ = 1;
     int chosen_ = 0;
 };

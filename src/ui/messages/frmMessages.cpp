@@ -1,9 +1,11 @@
+// The message editor: opening, following the edit session, the choosers, keys and wiring.
+
 #include "messages/frmMessages.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QCoreApplication>
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QLabel>
@@ -13,41 +15,43 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QScrollBar>
 #include <QSignalBlocker>
-#include <QTimer>
+#include <QTextEdit>
 
 #include "messages/DirectionPicture.h"
 #include "messages/LongEntryToolTip.h"
-#include "messages/MessageEditSession.h"
 #include "messages/MessageLineForm.h"
 #include "messages/SpecialCodeFile.h"
-#include "messages/SpecialCodesPanel.h"
 #include "messages/frmFlag.h"
 #include "messages/frmSystem.h"
+#include "platform/Modal.h"
 #include "platform/Prompts.h"
 #include "platform/QtText.h"
+#include "session/PlanetEdits.h"
+#include "session/SystemEdits.h"
 
 namespace orr::ui {
 
-frmMessages::frmMessages(SystemStore& store, QWidget* parent) : QDialog(parent), store_(store) {
+frmMessages::frmMessages(EditSession& session, QWidget* parent)
+    : QDialog(parent), session_(session) {
     setObjectName(QStringLiteral("frmMessages"));
     setWindowTitle(kCaptionPrefix);
     setModal(true);
     buildControls();
-    form_ = std::make_unique<MessageLineForm>(*this);
-    session_ = std::make_unique<MessageEditSession>(*this, store_, *form_, codes_);
-    fraActions->setChoosers(
+    form_->setChoosers(
         {[this](int index) { return chooseSystem(index); },
          [this](const std::string& flag) { return toBytes(GetFlagChar(toQString(flag))); }});
     connectControls();
     connectListControls();
-    form_->reset();
-    form_->setOptionsEnabled(false);
-    form_->hideError();
+    hideLengthError();
+    listener_ = session_.subscribe([this](const ChangeNotice& notice) { sessionChanged(notice); });
+    sessionLifetime_ = session_.lifetime();
 }
 
-frmMessages::~frmMessages() = default;
+frmMessages::~frmMessages() {
+    // The main window owns the session and goes before its child windows.
+    if (!sessionLifetime_.expired()) session_.unsubscribe(listener_);
+}
 
 void frmMessages::setProgramSpecialList(std::filesystem::path path) {
     programSpecialList_ = std::move(path);
@@ -62,27 +66,26 @@ void frmMessages::loadSpecialCodes() {
             std::filesystem::path(QCoreApplication::applicationDirPath().toStdU16String()) /
             kSpecialListFile;
     }
-    SpecialCodeLoad load = orr::loadSpecialCodes(store_.folder(), programCopy);
+    SpecialCodeLoad load = orr::loadSpecialCodes(session_.folder(), programCopy);
     codes_ = std::move(load.list);
-    fraActions->setCodes(codes_);
-    if (!load.problem.empty()) {
-        MessagePrompt prompt;
-        prompt.text = toQString(load.problem);
-        prompt.icon = PromptIcon::Exclamation;
-        prompts().message(this, prompt);
-    }
+    form_->setCodes(codes_);
+    if (!load.problem.empty()) warn(toQString(load.problem));
 }
 
 void frmMessages::prepareForPlanet(int planet, const QString& planetName, bool customMessages) {
     loadSpecialCodes();
-    session_->setPlanet(planet);
+    if (planet != state_.planet() || !reader_) {
+        state_.setPlanet(planet);
+        reader_ = std::make_unique<PlanetMessageStore>(session_.store(), planet);
+    }
     {
         const QSignalBlocker blocker(chkCustom);
         chkCustom->setChecked(customMessages);
     }
     setWindowTitle(kCaptionPrefix + planetName);
     picDirection->start();
-    if (!session_->activated()) session_->refresh();
+    session_.recheck();
+    activate();
 }
 
 bool frmMessages::openForPlanet(int planet, const QString& planetName, bool customMessages) {
@@ -95,35 +98,54 @@ bool frmMessages::customMessages() const {
     return chkCustom->isChecked();
 }
 
-int frmMessages::planet() const {
-    return session_->planet();
-}
-
 void frmMessages::markForReload() {
-    session_->markForReload();
+    state_.markForReload();
 }
 
 void frmMessages::windowActivated() {
-    session_->activated();
+    if (state_.activate(session_.record().DisplayName))
+        switchDirection(Direction::Message, {}, false);
 }
 
-void frmMessages::setDialogRunner(DialogRunner runner) {
-    dialogRunner_ = std::move(runner);
+void frmMessages::sessionChanged(const ChangeNotice& notice) {
+    if (notice.has(kSystemOpened)) {
+        // Another system: the next opening reads the groups again.
+        state_.markForReload();
+        return;
+    }
+    const int planet = state_.planet();
+    if (ownChange_ || planet < 1 || !session_.isOpen()) return;
+    if (notice.has(kFlagsChanged) && isVisible()) {
+        const QSignalBlocker blocker(chkCustom);
+        chkCustom->setChecked(session_.store().GetGeneralFlag(kMessagesFlag, planet) == 1);
+    }
+    if (notice.has(kNamesChanged) && isVisible())
+        setWindowTitle(kCaptionPrefix + toQString(planetName(session_.store(), planet)));
+    if (!notice.touchesKeysOf(planet)) return;
+    state_.reread(messages());
+    if (isVisible()) showFromFile();
 }
 
-void frmMessages::runDialog(QDialog& dialog) {
-    if (dialogRunner_)
-        dialogRunner_(dialog);
-    else
-        dialog.exec();
+void frmMessages::undoOrRedo(bool redo) {
+    // A text box keeps its own undo of the typing; the keys reach the window there only when the
+    // box has no use for them (Ctrl+Y on some platforms), and then they do nothing.
+    QWidget* focus = QApplication::focusWidget();
+    if (qobject_cast<QLineEdit*>(focus) || qobject_cast<QPlainTextEdit*>(focus) ||
+        qobject_cast<QTextEdit*>(focus))
+        return;
+    if (!(redo ? session_.canRedo() : session_.canUndo())) return;
+    report(redo ? session_.redo() : session_.undo());
 }
 
-void frmMessages::setPopupRunner(PopupRunner runner) {
-    popupRunner_ = std::move(runner);
+void frmMessages::customSwitchClicked(bool on) {
+    const Busy own(ownChange_);
+    if (report(setPlanetFlag(session_, kMessagesFlag, planet(), on))) return;
+    const QSignalBlocker blocker(chkCustom);
+    chkCustom->setChecked(!on);
 }
 
 frmFlag& frmMessages::flagChooser() {
-    if (!flagChooser_) flagChooser_ = new frmFlag(store_, this);
+    if (!flagChooser_) flagChooser_ = new frmFlag(session_, this);
     return *flagChooser_;
 }
 
@@ -132,28 +154,32 @@ frmSystem& frmMessages::systemChooser() {
     return *systemChooser_;
 }
 
+void frmMessages::runChooser(QDialog& chooser) {
+    // A flag's description is no change of the lists shown.
+    const Busy own(ownChange_);
+    state_.setSkipMark();
+    runDialog(chooser);
+    windowActivated();
+}
+
 QString frmMessages::GetFlagChar(const QString& current) {
     frmFlag& chooser = flagChooser();
     chooser.setPlanet(planet());
     chooser.prepare(current);
-    // Coming back from the chooser is no reason to read the groups again.
-    session_->setSkipMark();
-    runDialog(chooser);
-    windowActivated();
+    runChooser(chooser);
     return chooser.chosenFlag();
 }
 
 int frmMessages::chooseSystem(int index) {
     frmSystem& chooser = systemChooser();
     chooser.prepare(index);
-    session_->setSkipMark();
-    runDialog(chooser);
-    windowActivated();
+    runChooser(chooser);
     return chooser.chosenIndex();
 }
 
 bool frmMessages::putPlanetKey(const char* key, const QString& value) {
-    return session_->messages().PutMessage(key, toBytes(value));
+    const Busy own(ownChange_);
+    return putPlanetKeys(session_, planet(), "Change Restrictions", {{key, toBytes(value)}});
 }
 
 namespace {
@@ -166,15 +192,15 @@ QString storedOrEmpty(MessageStore& messages, const char* key) {
 }  // namespace
 
 QString frmMessages::BeamFlags() {
-    return storedOrEmpty(session_->messages(), kBeamFlagKey);
+    return storedOrEmpty(messages(), kBeamFlagKey);
 }
 
 QString frmMessages::SearchFlags() {
-    return storedOrEmpty(session_->messages(), kSearchFlagKey);
+    return storedOrEmpty(messages(), kSearchFlagKey);
 }
 
 QString frmMessages::TricorderFlags() {
-    return storedOrEmpty(session_->messages(), kTricorderFlagKey);
+    return storedOrEmpty(messages(), kTricorderFlagKey);
 }
 
 bool frmMessages::setBeamFlags(const QString& code) {
@@ -190,7 +216,8 @@ bool frmMessages::setTricorderFlags(const QString& code) {
 }
 
 void frmMessages::reject() {
-    session_->close();
+    cancelEditing(false);
+    state_.clearReloadMark();
     picDirection->stop();
     picTooltip->dismiss();
     QDialog::reject();
@@ -216,20 +243,19 @@ bool frmMessages::eventFilter(QObject* watched, QEvent* event) {
         // left the box then.
         const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
         if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason)
-            session_->groupBoxLeft();
+            adoptTypedGroup();
     }
     if (watched == txtMessage && event->type() == QEvent::KeyPress) {
         const auto* key = static_cast<QKeyEvent*>(event);
         // A stored line is one line of text: Enter is ignored.
         if (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter) return true;
     }
-    if (event->type() == QEvent::MouseButtonRelease) {
+    if (event->type() == QEvent::MouseButtonRelease &&
+        static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) {
         for (std::size_t i = 0; i < lblInsert.size(); ++i) {
-            if (watched == lblInsert[i] &&
-                static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) {
-                session_->insertCode(static_cast<int>(i));
-                return true;
-            }
+            if (watched != lblInsert[i]) continue;
+            insertCode(static_cast<int>(i));
+            return true;
         }
     }
     return QDialog::eventFilter(watched, event);
@@ -238,91 +264,70 @@ bool frmMessages::eventFilter(QObject* watched, QEvent* event) {
 void frmMessages::connectControls() {
     for (std::size_t i = 0; i < optDir.size(); ++i) {
         connect(optDir[i], &QRadioButton::toggled, this, [this, i](bool on) {
-            if (on) session_->chooseDirection(static_cast<Direction>(i));
+            if (on) chooseDirection(static_cast<Direction>(i));
         });
     }
-    connect(cboGroup, &QComboBox::currentIndexChanged, this,
-            [this](int index) { session_->groupChosen(index); });
-    connect(cboGroup, &QComboBox::editTextChanged, this,
-            [this](const QString& text) { session_->groupTextEdited(text); });
-    connect(cmdAddGroup, &QPushButton::clicked, this, [this] { session_->addGroup(); });
+    connect(cboGroup, &QComboBox::currentIndexChanged, this, &frmMessages::groupChosen);
+    connect(cboGroup, &QComboBox::editTextChanged, this, &frmMessages::groupTextEdited);
+    connect(cmdAddGroup, &QPushButton::clicked, this, &frmMessages::addGroup);
     cboGroup->installEventFilter(this);
-
-    connect(vsbWait, &QScrollBar::valueChanged, this, [this] {
-        form_->waitChanged();
-        session_->optionsEdited();
-    });
-    connect(vsbPercent, &QScrollBar::valueChanged, this, [this] {
-        form_->percentChanged();
-        session_->optionsEdited();
-    });
-    connect(cboAnswerGroup, &QComboBox::editTextChanged, this,
-            [this] { session_->optionsEdited(); });
-    connect(fraActions, &SpecialCodesPanel::changed, this, [this] { session_->optionsEdited(); });
-    for (std::size_t i = 0; i < optDisplay.size(); ++i) {
-        connect(optDisplay[i], &QRadioButton::toggled, this, [this, i](bool on) {
-            if (!on) return;
-            form_->displayChosen(static_cast<DisplayMode>(i));
-            session_->optionsEdited();
-        });
-    }
-    connect(txtDisplay, &QLineEdit::textEdited, this,
-            [this](const QString& title) { form_->customTitleEdited(title); });
-    connect(txtDisplay, &QLineEdit::textChanged, this, [this] { session_->optionsEdited(); });
-
-    connect(txtMessage, &QPlainTextEdit::textChanged, this, [this] { session_->textEdited(); });
+    connect(form_, &MessageLineForm::changed, this, &frmMessages::optionsEdited);
+    connect(txtMessage, &QPlainTextEdit::textChanged, this, &frmMessages::textEdited);
     txtMessage->installEventFilter(this);
     for (QLabel* label : lblInsert) label->installEventFilter(this);
-
-    connect(chkCustom, &QCheckBox::clicked, this,
-            [this](bool on) { session_->customSwitchClicked(on); });
+    connect(chkCustom, &QCheckBox::clicked, this, &frmMessages::customSwitchClicked);
     connect(cmdClose, &QPushButton::clicked, this, &frmMessages::reject);
+    connect(actUndo, &QAction::triggered, this, [this] { undoOrRedo(false); });
+    connect(actRedo, &QAction::triggered, this, [this] { undoOrRedo(true); });
 }
 
 void frmMessages::connectListControls() {
-    MessageEditSession* session = session_.get();
-    connect(lstMessages, &QListWidget::currentRowChanged, this,
-            [session](int row) { session->lineSelected(row); });
+    connect(lstMessages, &QListWidget::currentRowChanged, this, &frmMessages::lineSelected);
     connect(lstMessages, &QListWidget::itemDoubleClicked, this,
-            [this, session](QListWidgetItem* item) { session->editRow(lstMessages->row(item)); });
+            [this](QListWidgetItem* item) { editRow(lstMessages->row(item)); });
     lstMessages->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(lstMessages, &QListWidget::customContextMenuRequested, this,
             &frmMessages::showListMenu);
 
-    connect(cmdNew, &QPushButton::clicked, this, [session] { session->newLine(); });
-    connect(cmdEdit, &QPushButton::clicked, this, [session] { session->editLine(); });
-    connect(cmdRemove, &QPushButton::clicked, this, [session] { session->removeLine(); });
-    connect(cmdClearAll, &QPushButton::clicked, this, [session] { session->clearAll(); });
-    connect(cmdSwap[0], &QPushButton::clicked, this, [session] { session->swapLine(0); });
-    connect(cmdSwap[1], &QPushButton::clicked, this, [session] { session->swapLine(1); });
-    connect(cmdSave, &QPushButton::clicked, this, [session] { session->save(); });
-    connect(cmdCancel, &QPushButton::clicked, this, [session] { session->cancel(); });
-    connect(cmdDelete, &QPushButton::clicked, this, [session] { session->deleteEdited(); });
-    connect(cmdGo, &QPushButton::clicked, this, [session] { session->goToAnswer(); });
-    connect(mnuEdit, &QAction::triggered, this, [session] { session->editLine(); });
-    connect(mnuRemove, &QAction::triggered, this, [session] { session->removeLine(); });
-    connect(mnuGo, &QAction::triggered, this, [session] { session->goToAnswer(); });
-
-    connect(picTooltip, &LongEntryToolTip::entryClicked, this,
-            [this](int row) { lstMessages->setCurrentRow(row); });
-    connect(picTooltip, &LongEntryToolTip::entryDoubleClicked, this,
-            [session](int row) { session->editRow(row); });
-    connect(picTooltip, &LongEntryToolTip::entryMenuRequested, this,
-            [this](int row, const QPoint& globalPos) {
-                lstMessages->setCurrentRow(row);
-                showListMenu(lstMessages->viewport()->mapFromGlobal(globalPos));
-            });
+    connect(cmdNew, &QPushButton::clicked, this, &frmMessages::newLine);
+    connect(cmdEdit, &QPushButton::clicked, this, &frmMessages::editLine);
+    connect(cmdRemove, &QPushButton::clicked, this, &frmMessages::removeLine);
+    connect(cmdClearAll, &QPushButton::clicked, this, &frmMessages::clearAll);
+    connect(cmdSwap[0], &QPushButton::clicked, this, [this] { swapLine(0); });
+    connect(cmdSwap[1], &QPushButton::clicked, this, [this] { swapLine(1); });
+    connect(cmdSave, &QPushButton::clicked, this, &frmMessages::save);
+    connect(cmdCancel, &QPushButton::clicked, this, &frmMessages::cancel);
+    connect(cmdDelete, &QPushButton::clicked, this, &frmMessages::deleteEdited);
+    connect(cmdGo, &QPushButton::clicked, this, &frmMessages::goToAnswer);
+    connect(mnuEdit, &QAction::triggered, this, &frmMessages::editLine);
+    connect(mnuRemove, &QAction::triggered, this, &frmMessages::removeLine);
+    connect(mnuGo, &QAction::triggered, this, &frmMessages::goToAnswer);
 }
 
 void frmMessages::showListMenu(const QPoint& pos) {
-    if (session_->isEditing()) return;
+    if (editing_) return;
     // A right click selects the line under the mouse first.
     if (QListWidgetItem* item = lstMessages->itemAt(pos)) lstMessages->setCurrentItem(item);
-    const QPoint global = lstMessages->viewport()->mapToGlobal(pos);
-    if (popupRunner_)
-        popupRunner_(mnuPopup, global);
-    else
-        mnuPopup->exec(global);
+    runMenu(*mnuPopup, lstMessages->viewport()->mapToGlobal(pos));
+}
+
+bool frmMessages::report(bool ok) {
+    return ui::report(this, ok, session_.lastError());
+}
+
+void frmMessages::warn(const QString& text) {
+    MessagePrompt prompt;
+    prompt.text = text;
+    prompt.icon = PromptIcon::Exclamation;
+    prompts().message(this, prompt);
+}
+
+bool frmMessages::confirm(const QString& question) {
+    MessagePrompt prompt;
+    prompt.text = question;
+    prompt.buttons = PromptButtons::YesNo;
+    prompt.icon = PromptIcon::Exclamation;
+    return prompts().message(this, prompt) == PromptAnswer::Yes;
 }
 
 }  // namespace orr::ui

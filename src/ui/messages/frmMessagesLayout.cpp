@@ -7,6 +7,7 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QKeySequence>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -14,15 +15,13 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QScrollBar>
 #include <QStackedWidget>
 #include <QStyle>
 #include <QVBoxLayout>
 
 #include "messages/DirectionPicture.h"
 #include "messages/LongEntryToolTip.h"
-#include "messages/MessageLine.h"
-#include "messages/SpecialCodesPanel.h"
+#include "messages/MessageLineForm.h"
 #include "messages/frmMessages.h"
 
 namespace orr::ui {
@@ -46,23 +45,6 @@ QLabel* label(const QString& caption, const QString& name, QWidget* parent) {
     return named(new QLabel(caption, parent), name);
 }
 
-// A scroll bar standing for a small number; its top is the largest value (MessageLineForm).
-// Long enough that the groove, not the two arrows, makes up most of it and the handle can be
-// dragged.
-QScrollBar* settingBar(int maximum, const QString& name, QWidget* parent) {
-    auto* bar = named(new QScrollBar(Qt::Vertical, parent), name);
-    bar->setRange(0, maximum);
-    bar->setPageStep(1);
-    bar->setMinimumHeight(bar->sizeHint().width() * 7);
-    return bar;
-}
-
-// The two labels beside a bar stand together at its middle: the caption above, the value below.
-void pairLabels(QLabel* caption, QLabel* value) {
-    caption->setAlignment(Qt::AlignLeft | Qt::AlignBottom);
-    value->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-}
-
 }  // namespace
 
 void frmMessages::buildControls() {
@@ -78,7 +60,6 @@ void frmMessages::buildControls() {
     }
     optDir[0]->setChecked(true);
     picDirection = new DirectionPicture(fraDirection);
-    tmrAnim = picDirection->timer();
     directionRow->addSpacing(12);
     directionRow->addWidget(picDirection);
 
@@ -89,9 +70,10 @@ void frmMessages::buildControls() {
     top->addStretch(1);
     top->addWidget(chkCustom);
 
+    form_ = new MessageLineForm(this);
     auto* middle = new QHBoxLayout;
     middle->addWidget(buildListArea(), 3);
-    middle->addWidget(buildOptionFrames(), 2);
+    middle->addWidget(form_, 2);
 
     cmdGo = button(QStringLiteral("&Go to Answer"), QStringLiteral("cmdGo"), this);
     cmdEditRoom = button(QStringLiteral("Edit R&oom"), QStringLiteral("cmdEditRoom"), this);
@@ -112,11 +94,12 @@ void frmMessages::buildControls() {
     layout->addLayout(middle, 1);
     layout->addLayout(bottom);
 
-    picTooltip = new LongEntryToolTip(lstMessages, this);
+    picTooltip = new LongEntryToolTip(lstMessages);
     mnuPopup = named(new QMenu(this), QStringLiteral("mnuPopup"));
     mnuEdit = named(mnuPopup->addAction(QStringLiteral("&Edit")), QStringLiteral("mnuEdit"));
     mnuRemove = named(mnuPopup->addAction(QStringLiteral("&Remove")), QStringLiteral("mnuRemove"));
     mnuGo = named(mnuPopup->addAction(QStringLiteral("&Go to Answer")), QStringLiteral("mnuGo"));
+    buildShortcuts();
     resize(940, 560);
 }
 
@@ -209,8 +192,9 @@ QWidget* frmMessages::buildEditButtons() {
     cmdTest = button(QStringLiteral("&Test"), QStringLiteral("cmdTest"), column);
     cmdTest->setEnabled(false);  // the test console is not part of this window yet
     cmdSave = button(QStringLiteral("&Save"), QStringLiteral("cmdSave"), column);
-    cmdCancel = button(QStringLiteral("&Cancel"), QStringLiteral("cmdCancel"), column);
-    cmdDelete = button(QStringLiteral("&Delete"), QStringLiteral("cmdDelete"), column);
+    // While a line is edited, "&Close" and "A&dd Group" stay in sight: these two take other keys.
+    cmdCancel = button(QStringLiteral("Ca&ncel"), QStringLiteral("cmdCancel"), column);
+    cmdDelete = button(QStringLiteral("De&lete"), QStringLiteral("cmdDelete"), column);
 
     auto* swaps = new QHBoxLayout;
     swaps->setContentsMargins(0, 0, 0, 0);
@@ -229,62 +213,19 @@ QWidget* frmMessages::buildEditButtons() {
     return column;
 }
 
-QWidget* frmMessages::buildOptionFrames() {
-    auto* column = new QWidget(this);
-
-    fraOptions =
-        named(new QGroupBox(QStringLiteral("Options"), column), QStringLiteral("fraOptions"));
-    lblWaitFor =
-        label(QStringLiteral("Message displays"), QStringLiteral("lblWaitFor"), fraOptions);
-    lblWait = label(QString(), QStringLiteral("lblWait"), fraOptions);
-    vsbWait = settingBar(kMaxWait, QStringLiteral("vsbWait"), fraOptions);
-    lblIncluded =
-        label(QStringLiteral("Message included"), QStringLiteral("lblIncluded"), fraOptions);
-    lblPercent = label(QString(), QStringLiteral("lblPercent"), fraOptions);
-    vsbPercent = settingBar(kMaxPercent, QStringLiteral("vsbPercent"), fraOptions);
-    lblAnswer = label(QStringLiteral("Answer Group:"), QStringLiteral("lblAnswer"), fraOptions);
-    cboAnswerGroup = named(new QComboBox(fraOptions), QStringLiteral("cboAnswerGroup"));
-    cboAnswerGroup->setEditable(true);
-    cboAnswerGroup->setInsertPolicy(QComboBox::NoInsert);
-    cboAnswerGroup->setCompleter(nullptr);
-    lblAnswer->setBuddy(cboAnswerGroup);
-    pairLabels(lblWaitFor, lblWait);
-    pairLabels(lblIncluded, lblPercent);
-    auto* options = new QGridLayout(fraOptions);
-    // Each bar stands left of the two labels that describe it.
-    options->addWidget(vsbWait, 0, 0, 2, 1);
-    options->addWidget(lblWaitFor, 0, 1);
-    options->addWidget(lblWait, 1, 1);
-    options->addWidget(vsbPercent, 0, 2, 2, 1);
-    options->addWidget(lblIncluded, 0, 3);
-    options->addWidget(lblPercent, 1, 3);
-    options->addWidget(lblAnswer, 2, 0, 1, 4);
-    options->addWidget(cboAnswerGroup, 3, 0, 1, 4);
-    options->setColumnStretch(1, 1);
-    options->setColumnStretch(3, 1);
-
-    fraDisplay =
-        named(new QGroupBox(QStringLiteral("Display"), column), QStringLiteral("fraDisplay"));
-    const std::array<QString, 3> displays = {QStringLiteral("Standard"), QStringLiteral("Box"),
-                                             QStringLiteral("Custom")};
-    auto* display = new QGridLayout(fraDisplay);
-    for (std::size_t i = 0; i < optDisplay.size(); ++i) {
-        optDisplay[i] =
-            named(new QRadioButton(displays[i], fraDisplay), QStringLiteral("optDisplay%1").arg(i));
-        display->addWidget(optDisplay[i], 0, static_cast<int>(i));
-    }
-    optDisplay[0]->setChecked(true);
-    txtDisplay = named(new QLineEdit(fraDisplay), QStringLiteral("txtDisplay"));
-    display->addWidget(txtDisplay, 1, 0, 1, 3);
-
-    fraActions = new SpecialCodesPanel(column);
-
-    auto* layout = new QVBoxLayout(column);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(fraOptions);
-    layout->addWidget(fraDisplay);
-    layout->addWidget(fraActions, 1);
-    return column;
+void frmMessages::buildShortcuts() {
+    // The session's history, as in the main window's Edit menu. A text box keeps these keys for
+    // its own undo of the typing (see undoOrRedo).
+    actUndo = named(new QAction(this), QStringLiteral("actUndo"));
+    actUndo->setShortcuts(QKeySequence::Undo);
+    actRedo = named(new QAction(this), QStringLiteral("actRedo"));
+    QList<QKeySequence> redo = QKeySequence::keyBindings(QKeySequence::Redo);
+    for (const QKeySequence& usual :
+         {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::CTRL | Qt::Key_Y)})
+        if (!redo.contains(usual)) redo.append(usual);
+    actRedo->setShortcuts(redo);
+    addAction(actUndo);
+    addAction(actRedo);
 }
 
 }  // namespace orr::ui

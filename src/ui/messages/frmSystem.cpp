@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "platform/Modal.h"
 #include "platform/QtText.h"
 #include "store/Tables.h"
 
@@ -48,7 +49,7 @@ void frmSystem::prepare(int index) {
 
 int frmSystem::choose(int index) {
     prepare(index);
-    exec();
+    runDialog(*this);
     return chosen_;
 }
 

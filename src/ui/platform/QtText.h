@@ -1,6 +1,6 @@
 #pragma once
-// The one place where the game's 8-bit Windows-1252 texts become Qt strings and back. The core
-// keeps bytes; windows show QStrings.
+// The one place where the game's 8-bit Windows-1252 texts become Qt strings and back: a thin
+// bridge over the core's conversion (text/Cp1252.h). The core keeps bytes; windows show QStrings.
 
 #include <QString>
 #include <optional>

@@ -91,7 +91,14 @@ TEST(MessageCodec, SystemConditionsAreNeverAnswerTags) {
     const MessageLine line = decode("Your engines look bad*RS3*R!S4");
     EXPECT_EQ(line.answerGroup, "Hail");
     EXPECT_EQ(storedCodes(line), (std::vector<std::string>{"*RS3", "*R!S4"}));
-    EXPECT_EQ(roundTrip("Hm*RTrade*RS3"), "Hm*RTrade*RS3");
+    // The game takes a message's last "R" code for its answer: a tag read after the conditions
+    // stays after them, one read before them moves behind them (the save warns), and a tag to
+    // the own group is kept only where it decided.
+    for (const char* stored : {"Hm*RS3*RTrade", "Hm*DS1*R!S3*RTrade*SFA", "Hm*RS3*RHail", "Hm*RS3"})
+        EXPECT_EQ(roundTrip(stored), stored);
+    EXPECT_EQ(roundTrip("Hm*RTrade*RS3"), "Hm*RS3*RTrade");
+    EXPECT_EQ(decode("Hm*RTrade*RS3").answerCondition, "*RS3");
+    EXPECT_EQ(roundTrip("Hm*RHail*RS3"), "Hm*RS3");
     // In a response the condition keeps its letter.
     EXPECT_EQ(roundTrip("Fix it*RS3", Direction::Response), "Fix it*RS3");
     // Without a digit the token is an answer tag to the group "S" or "Sx".
@@ -145,6 +152,7 @@ TEST(MessageCodec, DisplayPrefixes) {
 
 TEST(MessageCodec, MissingLinesAndInformation) {
     EXPECT_EQ(decode("ERR").text, "");
+    EXPECT_EQ(roundTrip("%05ERR"), "%05ERR");  // only a whole line "ERR" is a missing key
     EXPECT_EQ(decode("").answerGroup, "Hail");
     const MessageLine info = DecodeMessage("Life: *lots*", Direction::Information, "", codes());
     EXPECT_EQ(info.answerGroup, "");

@@ -36,6 +36,10 @@ TEST(SaveWarnings, LinesThatReadBackAsWrittenAreSavedWithoutQuestions) {
           std::tuple{"Yes*MTrade", Direction::Response, "Hail"},
           std::tuple{"Home*M", Direction::Response, "Hail"},
           std::tuple{"Engines out*RS3", Direction::Response, "Hail"},
+          std::tuple{"Closing*RS3", Direction::Message, "Hail"},
+          std::tuple{"Closing*RHail*RS3", Direction::Message, "Hail"},
+          std::tuple{"Engines out*RS3*RTrade", Direction::Message, "Hail"},
+          std::tuple{"Day one *SFA", Direction::Message, "Hail"},
           std::tuple{"Anything *at all", Direction::Information, ""}}) {
         SCOPED_TRACE(stored);
         EXPECT_TRUE(warningsForUnchanged(stored, direction, group).empty());
@@ -58,12 +62,59 @@ TEST(SaveWarnings, TagsTheEditorWouldWriteDifferentlyAreNamed) {
         {"Restart*M", Direction::Response, 0, {}},
         {"Text*R*RBack", Direction::Message, 1, {"\"*R\", \"*RBack\""}},
         {"Text*R*MBack", Direction::Message, 2, {}},
+        // The condition chose the answer; saved, the tag after it will.
+        {"Hm*RTrade*RS3", Direction::Message, 1, {"\"*RS3\"", "\"S3\"", "\"Trade\""}},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.stored);
         const auto warnings = warningsForUnchanged(c.stored, c.direction, "Hail");
         EXPECT_EQ(warnings.size(), c.count);
         for (const char* text : c.named) EXPECT_TRUE(mentions(warnings, text)) << text;
+    }
+}
+
+TEST(GroupNames, OneRuleForTheEditorAndTheTool) {
+    for (const char* good : {"Trade", "[Hail]", "Area11", "S1"})
+        EXPECT_EQ(groupNameProblem(good), "") << good;
+    for (const char* bad : {"", " ", "Trade ", " Trade", "a*b", "a=b", "a\tb"})
+        EXPECT_NE(groupNameProblem(bad), "") << bad;
+    // A message's tag to "S1" would be read as a ship-system condition; a response's is not.
+    EXPECT_EQ(answerGroupProblem("S1", Direction::Message),
+              "A message cannot lead to the group \"S1\": the game reads \"*RS1\" as a "
+              "ship-system condition.");
+    EXPECT_NE(answerGroupProblem("!S2", Direction::Message), "");
+    EXPECT_EQ(answerGroupProblem("S1", Direction::Response), "");
+    EXPECT_EQ(answerGroupProblem("", Direction::Message), "");
+}
+
+TEST(ArgumentValues, EachCodeGetsTheKindOfValueTheGameReads) {
+    struct Case {
+        const char* code;
+        const char* value;
+        const char* problem;  // a word of the message; empty: accepted
+    };
+    const Case cases[] = {
+        {"*H", "100", ""},
+        {"*H", "lots", "whole number"},
+        {"*+EN", "-5", "whole number"},
+        {"*-TI", "99999", "32767"},
+        {"*SP", "5", ""},
+        {"*SP", "6", "0 to 5"},
+        {"*D", "S8", ""},
+        {"*D!", "S9", "ship system"},
+        {"*R", "3", "ship system"},
+        {"*SF", "7", ""},
+        {"%F", "a", "flag"},
+        {"*A", "4*H1", "brackets"},
+        {"*Z", "free text", ""},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(std::string(c.code) + c.value);
+        const std::string problem = argumentProblem(c.code, c.value);
+        if (*c.problem == '\0')
+            EXPECT_EQ(problem, "");
+        else
+            EXPECT_NE(problem.find(c.problem), std::string::npos) << problem;
     }
 }
 

@@ -170,14 +170,14 @@ TEST_F(PlanetMessageStoreTest, ReadsWhateverTheSwitchSaysAndKeepsTheDescriptorWh
     EXPECT_EQ(file().find("Message1="), std::string::npos);
     EXPECT_NE(file().find("[2]\r\nMessages=1\r\nFlagC=Met the ambassador\r\n"), std::string::npos);
 
-    // List changes keep the rest of the descriptor.
+    // List changes keep the rest of the descriptor; a new list's count key comes first.
     MessageList list(planet, "Hail", Direction::Response);
     ASSERT_TRUE(list.append("Who are you?*MWho"));
     ASSERT_TRUE(list.append("Goodbye*MBack"));
     ASSERT_TRUE(list.remove(1));
     EXPECT_EQ(list.lines(), std::vector<std::string>{"Goodbye*MBack"});
     EXPECT_NE(file().find(
-                  "FlagC=Met the ambassador\r\nResponseHail1=Goodbye*MBack\r\nResponsesHail=1\r\n"),
+                  "FlagC=Met the ambassador\r\nResponsesHail=1\r\nResponseHail1=Goodbye*MBack\r\n"),
               std::string::npos);
     EXPECT_NE(file().find(";430,2,0,0,1,0\r\n"), std::string::npos);
 }

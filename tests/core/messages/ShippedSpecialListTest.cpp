@@ -68,6 +68,8 @@ TEST(ShippedSpecialList, EntriesAreWellFormed) {
         EXPECT_NE(entry.place(), CodePlace::None);
         EXPECT_FALSE(entry.description().empty());
         const std::string& line = entry.line();
+        // The list is as wide as its longest entry: explanations go after " -- ".
+        EXPECT_LE(line.size(), 80u);
         const auto brackets =
             std::count_if(line.begin(), line.end(), [](char c) { return c == '(' || c == '['; });
         EXPECT_LE(brackets, 1) << "one placeholder at most";
@@ -106,7 +108,7 @@ TEST(ShippedSpecialList, SystemConditionsTellWhatElseTheyDo) {
     // the group "S3"): a designer who wants only the damage test must be sent to the condition.
     for (const auto& [code, plainCondition] : {std::pair{"*R", "%47"}, std::pair{"*R!", "%49"}}) {
         SCOPED_TRACE(code);
-        const std::string description = shippedCodes().findEntry(code)->description();
+        const std::string description = shippedCodes().findEntry(code)->explanation();
         EXPECT_NE(description.find("responses"), std::string::npos);
         EXPECT_NE(description.find(plainCondition), std::string::npos);
         ASSERT_NE(shippedCodes().findEntry(plainCondition), nullptr);

@@ -52,6 +52,12 @@ TEST(SpecialEntry, PlaceholdersHoldTheArgument) {
     const SpecialEntry flag("%F - Only while flag [A] is set");
     EXPECT_EQ(flag.withArgument("Q").storedCode(), "%FQ");
 
+    // An explanation stands apart, and brackets in it are no placeholder.
+    const SpecialEntry explained("*D - Damages (S0) -- S0 picks one (at random)");
+    EXPECT_EQ(explained.line(), "*D - Damages (S0)");
+    EXPECT_EQ(explained.explanation(), "S0 picks one (at random)");
+    EXPECT_EQ(explained.withArgument("S4").storedCode(), "*DS4");
+
     const SpecialEntry bare("*FALL - Repairs everything");
     EXPECT_EQ(bare.withArgument("x"), bare);
     EXPECT_FALSE(bare.canEditArgument());
@@ -61,6 +67,10 @@ TEST(SpecialEntry, PlaceholdersHoldTheArgument) {
     const SpecialEntry open("*A - Allows (3 days");
     EXPECT_EQ(open.roundArgument(), "3 days");
     EXPECT_EQ(open.withArgument("5").line(), "*A - Allows (5)");
+    // An argument read from a file may hold brackets: it is written back as it was.
+    const SpecialEntry bracket = energy.withArgument("[)");
+    EXPECT_EQ(bracket.storedCode(), "*+EN[)");
+    EXPECT_EQ(bracket.line(), "*+EN - Gives ([)) units of energy");
 }
 
 TEST(SpecialEntry, ArgumentEditorDependsOnThePlaceholder) {

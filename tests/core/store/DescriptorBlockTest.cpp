@@ -61,14 +61,46 @@ TEST_F(DescriptorBlockTest, ListedSystemWithoutBlockTakesTheListValues) {
     const std::string bytes = readDescriptor("Plain.orb");
     EXPECT_TRUE(store.SaveSystemBlock());
     EXPECT_EQ(readDescriptor("Plain.orb"), bytes);
+
+    // A block that was read and is gone by the save is no success.
+    writeDescriptor("Nova", novaText());
+    store.LoadSystem("Nova");
+    writeDescriptor("Nova", crlf({"[General]", "[1]"}));
+    EXPECT_FALSE(store.SaveSystemBlock());
+    EXPECT_NE(store.lastError().find("missing from the descriptor"), std::string::npos)
+        << store.lastError();
+    EXPECT_EQ(readDescriptor("Nova.orb"), crlf({"[General]", "[1]"}));
+}
+
+TEST_F(DescriptorBlockTest, FieldsAreReadAsTheGameReadsThemAndWrittenBackUnchanged) {
+    // Out-of-range values, text after numbers, a field too many and one too few, blanks.
+    writeDescriptor("Odd", crlf({"[General]", ";SolarSystem", ";\"Odd\",8x,3,9",
+                                 ";400,9,3x,abc,1,0,7", ";430,2,0,0,14", "; -5 ,2,0,0,1,0"}));
+    const LoadResult result = store.LoadSystem("Odd");
+    EXPECT_TRUE(result.blockFound);
+    EXPECT_EQ(result.warning, "");
+    EXPECT_EQ(store.record().StarType, 8);
+    EXPECT_EQ(store.record().planet(1), (PlanetRecord{400, 9, 3, 0, 1, 0, 0}));
+    ASSERT_TRUE(store.SaveSystemBlock()) << store.lastError();
+    EXPECT_EQ(readDescriptor("Odd.orb"),
+              crlf({"[General]", ";SolarSystem", ";\"Odd                 \",8,3", ";400,9,3,0,1,0",
+                    ";430,2,0,0,14,0", ";-5,2,0,0,1,0"}));
+}
+
+// A block that cannot be read whole is never saved over: the save says so and writes nothing.
+void expectSaveRefused(SystemStore& store, const fs::path& file) {
+    const std::string bytes = readBytes(file);
+    EXPECT_FALSE(store.SaveSystemBlock());
+    EXPECT_NE(store.lastError().find("was not saved because"), std::string::npos)
+        << store.lastError();
+    EXPECT_EQ(readBytes(file), bytes);
 }
 
 TEST_F(DescriptorBlockTest, DamagedHeaderKeepsNothingOfThePreviousSystem) {
     const std::string head = crlf({"[General]", ";SolarSystem"});
     const std::pair<std::string, std::string> cases[] = {
         {"", "header line is missing"},
-        {crlf({";\"Bad\",x,0"}), "star type \"x\""},
-        {crlf({";\"Bad\",0,11"}), "planet count \"11\""},
+        {crlf({";\"Bad\",99999,0"}), "star type \"99999\" is outside -32768 to 32767"},
     };
     for (const auto& [block, reason] : cases) {
         writeDescriptor("Damaged", head + block);
@@ -82,6 +114,7 @@ TEST_F(DescriptorBlockTest, DamagedHeaderKeepsNothingOfThePreviousSystem) {
         expected.Name = "Damaged";
         expected.setDisplayName("Damaged");
         EXPECT_EQ(store.record(), expected) << block;
+        expectSaveRefused(store, game.descriptor("Damaged.orb"));
     }
     // The game's list does not stand in for a damaged block either.
     writeDescriptor("9Sol", head);
@@ -91,24 +124,24 @@ TEST_F(DescriptorBlockTest, DamagedHeaderKeepsNothingOfThePreviousSystem) {
 }
 
 TEST_F(DescriptorBlockTest, DamagedPlanetLinesKeepTheReadableOnes) {
-    const std::string head = crlf({"[General]", ";SolarSystem", ";\"Bad\",4,3"});
+    const std::string head = crlf({"[General]", ";SolarSystem"});
+    const std::string header = crlf({";\"Bad\",4,3"});
     const std::string hundredKb(100 * 1024, '9');
+    std::string eleven = crlf({";\"Bad\",4,11"});
+    for (int n = 0; n < 11; ++n) eleven += ";" + std::to_string(400 + 30 * n) + ",2,0,0,1,0\r\n";
     struct Case {
         std::string lines;
         std::string reason;
         std::vector<std::int16_t> positions;  // of the planets kept
+        bool savable;
     };
     const Case cases[] = {
-        {crlf({";400,2,0,0,1,0"}), "only 1 of 3 planet lines", {400}},
-        {crlf({";400,two,0,0,1,0", ";500,2,0,0,1,0", ";600,2,0,0,1,0"}),
-         "planet 1: the planet size \"two\"",
-         {}},
-        {crlf({";400,2,0,0,1,0", ";" + hundredKb + ",2,0,0,1,0", ";600,2,0,0,1,0"}),
-         "planet 2: the orbit position",
-         {400}},
-        {crlf({";400,2,0,0,1,0", ";500,2,0,0,1,0", ";600,2,0,0,1"}),
-         "planet 3: a planet line has 5 fields",
-         {400, 500}},
+        {header + crlf({";400,2,0,0,1,0"}), "only 1 of its 3 planet lines", {400}, true},
+        {header + crlf({";400,2,0,0,1,0", ";" + hundredKb + ",2,0,0,1,0", ";600,2,0,0,1,0"}),
+         "in planet line 2, the orbit position \"99999999999999999999...\" is outside",
+         {400},
+         false},
+        {eleven, "claims 11 planets", {400, 430, 460, 490, 520, 550, 580, 610, 640, 670}, false},
     };
     for (const Case& c : cases) {
         writeDescriptor("Damaged", head + c.lines);
@@ -117,8 +150,10 @@ TEST_F(DescriptorBlockTest, DamagedPlanetLinesKeepTheReadableOnes) {
         const LoadResult result = store.LoadSystem("Damaged");
         EXPECT_FALSE(result.blockFound) << c.lines;
         EXPECT_NE(result.warning.find(c.reason), std::string::npos) << result.warning;
+        const std::string claimed = c.lines == eleven ? "11" : "3";
         EXPECT_NE(result.warning.find("The header and " + std::to_string(c.positions.size()) +
-                                      " of its 3 planet lines are kept"),
+                                      " of its " + claimed + " planet lines are " +
+                                      (c.savable ? "kept" : "shown")),
                   std::string::npos)
             << result.warning;
         const SystemRecord& r = store.record();
@@ -130,15 +165,18 @@ TEST_F(DescriptorBlockTest, DamagedPlanetLinesKeepTheReadableOnes) {
         // Nova's planets are nowhere in the record, not even in the unused slots.
         for (int n = r.PlanetCount + 1; n <= kMaxPlanets; ++n)
             EXPECT_EQ(r.planet(n), PlanetRecord()) << n;
+        if (!c.savable) expectSaveRefused(store, game.descriptor("Damaged.orb"));
     }
 
-    // Saving writes the block of what was kept: the planets before the first unreadable line,
-    // so no later planet takes another planet's number (and with it its section and name).
-    writeDescriptor("Damaged", head + crlf({";400,two,0,0,1,0", ";500,2,0,0,1,0", "[1]", "A=1"}));
+    // Saving writes the block of what was kept: the planet lines up to the first line that is no
+    // comment, so no section is taken for a planet.
+    writeDescriptor("Damaged",
+                    head + header + crlf({";400,two,0,0,1,0", ";500,2,0,0,1,0", "[1]", "A=1"}));
     store.LoadSystem("Damaged");
     ASSERT_TRUE(store.SaveSystemBlock()) << store.lastError();
     EXPECT_EQ(readDescriptor("Damaged.orb"),
-              crlf({"[General]", ";SolarSystem", ";\"Bad                 \",4,0", "[1]", "A=1"}));
+              crlf({"[General]", ";SolarSystem", ";\"Bad                 \",4,2", ";400,0,0,0,1,0",
+                    ";500,2,0,0,1,0", "[1]", "A=1"}));
 }
 
 TEST_F(DescriptorBlockTest, OnlyACommentLineIsTheBlockMarker) {
@@ -200,8 +238,8 @@ TEST_F(DescriptorBlockTest, SaveNeverEatsLinesOutsideTheOldBlock) {
                     "keep=me", ";my note", "[1]", "Hail=Hi"}));
 }
 
-TEST_F(DescriptorBlockTest, SaveKeepsOtherBytesExactly) {
-    // LF-only lines, a NUL byte, 8-bit characters and a 100 KB value elsewhere in the file.
+TEST_F(DescriptorBlockTest, SaveKeepsOtherBytesAndEndsEveryLineInCrLf) {
+    // LF-only lines, a NUL byte, 8-bit characters, a 100 KB value and a last line without an end.
     const std::string longValue(100 * 1024, 'v');
     const std::string before = std::string("[General]\nNote=caf\xe9\0x\n", 22) + ";SolarSystem\n" +
                                ";\"Nova\",0,0\n[1]\nLong=" + longValue + "\nLast=no end";
@@ -209,9 +247,9 @@ TEST_F(DescriptorBlockTest, SaveKeepsOtherBytesExactly) {
     ASSERT_TRUE(store.LoadSystem("Nova").blockFound);
     ASSERT_TRUE(store.SaveSystemBlock());
     const std::string after = readDescriptor("Nova.orb");
-    EXPECT_EQ(after, std::string("[General]\nNote=caf\xe9\0x\n", 22) +
-                         crlf({";SolarSystem", ";\"Nova                \",0,0"}) +
-                         "[1]\nLong=" + longValue + "\nLast=no end");
+    EXPECT_EQ(after, std::string("[General]\r\nNote=caf\xe9\0x\r\n", 24) +
+                         crlf({";SolarSystem", ";\"Nova                \",0,0", "[1]",
+                               "Long=" + longValue, "Last=no end"}));
     EXPECT_EQ(store.ReadKey("1", "Long").size(), kMaxValueLength);
 }
 

@@ -84,7 +84,8 @@ TEST_F(GameFolderTest, SystemListFieldRules) {
     // Quoted commas, blanks before fields, blanks after numbers, text after a closing quote.
     EXPECT_EQ(keysOf(crlf({"  \"Alpha, Beta\" ,  2 , 1 ", " 400 ,2,0,0,1,0"})),
               Keys{"1Alpha, Beta"});
-    EXPECT_EQ(keysOf("\"  Padded  \",0,0\n\n   \r\"Lf\",0,1\n400,2,0,0,1,0\n"),
+    // Blank lines, and a DOS end-of-file mark, between and after records.
+    EXPECT_EQ(keysOf("\"  Padded  \",0,0\n\n   \r\"Lf\",0,1\n400,2,0,0,1,0\n\x1a"),
               (Keys{"0Padded", "1Lf"}));
     // Long names are cut before the key is formed; 8-bit bytes and NUL are kept.
     EXPECT_EQ(keysOf(crlf({"\"" + std::string(100 * 1024, 'x') + "\",0,0", "\"After\",0,0"})),
@@ -95,23 +96,29 @@ TEST_F(GameFolderTest, SystemListFieldRules) {
               Keys{"1Edge"});
 }
 
-TEST_F(GameFolderTest, MalformedRecordEndsTheSystemList) {
+TEST_F(GameFolderTest, OnlyWhatTheGameCannotReadEndsTheSystemList) {
     const std::string good = crlf({"\"Good\",0,1", "400,2,0,0,1,0"});
-    const std::string badTails[] = {
-        "\"Bad\",x,0",                     // star type not a number
-        "\"Bad\",8,0",                     // star type out of range
-        "\"Bad\",0,11",                    // more than ten planets
-        "\"Bad\",0,1\r\n400,2,0,0,1",      // planet line short of a field
-        "\"Bad\",0,1\r\n40000,2,0,0,1,0",  // 16-bit field overflows
-        "\"Bad\",0,2\r\n400,2,0,0,1,0",    // fewer planet lines than the count
-        "\"Bad\",0,1\r\n" + std::string(100 * 1024, '7') + ",2,0,0,1,0",
+    const Keys on{"1Good", "0Odd", "0Later"};
+    const Keys stop{"1Good"};
+    const std::pair<std::string, Keys> tails[] = {
+        // Numbers by their leading value, out-of-range values kept, fields too many or too few.
+        {"\"Odd\",x,0", on},
+        {"\"Odd\",8,0,extra", on},
+        {"\"Odd\",0,1\r\n400,2,0,0,1", {"1Good", "1Odd", "0Later"}},
+        {"\"Odd\",0,-1", {"1Good", "-1Odd", "0Later"}},
+        // More than ten planets, a value too large for its field.
+        {"\"Bad\",0,11", stop},
+        {"\"Bad\",0,1\r\n40000,2,0,0,1,0", stop},
+        {"\"Bad\",0,1\r\n" + std::string(100 * 1024, '7') + ",2,0,0,1,0", stop},
     };
-    for (const std::string& tail : badTails) {
-        EXPECT_EQ(keysOf(good + tail + "\r\n\"Later\",0,0\r\n"), Keys{"1Good"}) << tail;
+    for (const auto& [tail, keys] : tails) {
+        EXPECT_EQ(keysOf(good + tail + "\r\n\"Later\",0,0\r\n"), keys) << tail;
     }
     // The offer stops there too, whatever the list's letter case.
     fs::rename(game.root() / "SOLARSYS.TXT", game.root() / "solarsys.txt");
-    EXPECT_EQ(OfferedSystems(game.folder()), Keys{"1Good"});
+    EXPECT_EQ(OfferedSystems(game.folder()), stop);
+    // So does a file that ends before the record's last planet line.
+    EXPECT_EQ(keysOf(good + crlf({"\"Bad\",0,2", "400,2,0,0,1,0"})), stop);
 }
 
 TEST_F(GameFolderTest, MissingOrEmptySystemListGivesNoSystems) {

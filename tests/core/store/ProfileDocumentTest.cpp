@@ -22,18 +22,22 @@ const std::string kDescriptor =
           ";\"Sol                 \",0,3", ";400,2,0,0,1,0", ";430,2,0,0,1,0", ";460,2,0,0,1,0",
           "[Names]", "S=Sol", "3=Vega", "[1]", "MessagesHail=1", "MessageHail1=Greetings."});
 
-TEST(ProfileDocumentTest, SerializesExactlyWhatItParsedWithEachLinesOwnEnd) {
-    const std::string samples[] = {
-        "",
-        "[General]",
-        "\r\n\r\n",
-        "[General]\r\nA=1\nB=2\rC=3\n\rD=4",
-        std::string("[1]\r\nKey=\0value\0\r\n\0", 19),
-        "[1]\r\nLong=" + std::string(100 * 1024, 'x') + "\r\n" + std::string(100 * 1024, 'y'),
-        "\xEF\xBB\xBF[General]\r\n;\x93quoted\x94\r\n   \t\r\n",
+TEST(ProfileDocumentTest, KeepsEveryByteButEndsEveryLineInCrLf) {
+    const std::string longValue(100 * 1024, 'x');
+    const std::pair<std::string, std::string> samples[] = {
+        {"", ""},
+        {"[General]", "[General]\r\n"},
+        {"\r\n\r\n", "\r\n\r\n"},
+        {"[General]\r\nA=1\nB=2\rC=3\n\rD=4", crlf({"[General]", "A=1", "B=2", "C=3", "", "D=4"})},
+        {std::string("[1]\r\nKey=\0value\0\r\n\0", 19),
+         std::string("[1]\r\nKey=\0value\0\r\n\0\r\n", 21)},
+        {"[1]\r\nLong=" + longValue + "\n" + longValue,
+         crlf({"[1]", "Long=" + longValue, longValue})},
+        {"\xEF\xBB\xBF[General]\r\n;\x93quoted\x94\r\n   \t\r\n",
+         "\xEF\xBB\xBF[General]\r\n;\x93quoted\x94\r\n   \t\r\n"},
     };
-    for (const std::string& bytes : samples) {
-        EXPECT_EQ(ProfileDocument::parse(bytes).serialize(), bytes);
+    for (const auto& [bytes, written] : samples) {
+        EXPECT_EQ(ProfileDocument::parse(bytes).serialize(), written);
     }
 }
 
@@ -61,6 +65,15 @@ TEST(ProfileDocumentTest, ReadsWithTheProfileFunctionsRules) {
     EXPECT_EQ(doc.readValue("General", "Other"), std::nullopt) << "the first [General] wins";
     EXPECT_EQ(doc.readValue("General", "Orphan"), std::nullopt);
 
+    // One pair of quotes that encloses a value is dropped, as the platform's read drops it.
+    const auto quoted =
+        ProfileDocument::parse(crlf({"[Q]", "a = \" two blanks \" ", "b='x'", "c=\"\"x\"\"",
+                                     "d=\"open", "e='mixed\"", "f=\""}));
+    const std::pair<const char*, const char*> values[] = {{"a", " two blanks "}, {"b", "x"},
+                                                          {"c", "\"x\""},        {"d", "\"open"},
+                                                          {"e", "'mixed\""},     {"f", "\""}};
+    for (const auto& [key, value] : values) EXPECT_EQ(quoted.readValue("Q", key), value) << key;
+
     // The raw section test wants the header at the start of the line and compares exactly.
     const auto raw = ProfileDocument::parse("  [Indented]\r\n[Names] ; planet names\r\n[10]\r\n");
     EXPECT_TRUE(raw.sectionExists("Names"));
@@ -71,11 +84,11 @@ TEST(ProfileDocumentTest, ReadsWithTheProfileFunctionsRules) {
 }
 
 TEST(ProfileDocumentTest, ChangingAKeyRewritesOnlyItsLine) {
-    const std::string original = "[General]\nplanetpics = NNN\n[Names]\r\nS=Sol";
+    const std::string original = crlf({"[General]", "planetpics = NNN", "[Names]", "S=Sol"});
     EXPECT_EQ(afterWrite(original, "GENERAL", "PlanetPics", "YNN"),
-              "[General]\nPlanetPics=YNN\n[Names]\r\nS=Sol");
+              crlf({"[General]", "PlanetPics=YNN", "[Names]", "S=Sol"}));
     EXPECT_EQ(afterWrite(original, "Names", "s", " Sirius "),
-              "[General]\nplanetpics = NNN\n[Names]\r\ns= Sirius ");
+              crlf({"[General]", "planetpics = NNN", "[Names]", "s= Sirius "}));
     // The 254-character limit belongs to the reader: the file holds the whole value.
     ProfileDocument doc = ProfileDocument::parse(original);
     doc.writeValue("1", "Message1", std::string(300, 'v'));
@@ -123,7 +136,7 @@ TEST(ProfileDocumentTest, DeleteKeyRemovesEveryExactKeyLineUpToTheNextSection) {
     ProfileDocument doc = ProfileDocument::parse(
         "[1]\r\nA=1\r\nB=2\nA=again\r\n;A=comment\r\n[2]\r\nA=2\r\n[1]\r\nA=3");
     EXPECT_TRUE(doc.deleteKey("1", "A"));
-    EXPECT_EQ(doc.serialize(), "[1]\r\nB=2\n;A=comment\r\n[2]\r\nA=2\r\n[1]\r\n");
+    EXPECT_EQ(doc.serialize(), crlf({"[1]", "B=2", ";A=comment", "[2]", "A=2", "[1]"}));
     EXPECT_EQ(doc.readValue("1", "B"), "2");
 
     const std::string raw = crlf({"[Names]", "3 =Vega", "s=lower", "[1]", "3=Other"});
@@ -144,12 +157,18 @@ TEST(ProfileDocumentTest, RemoveNumberedSectionComparesTheLeadingNumber) {
     EXPECT_TRUE(doc.removeNumberedSection(3));
     EXPECT_EQ(doc.serialize(), kDescriptor + crlf({"[12]", "x=12"}));
 
+    // The system block after a section is not part of it.
+    doc = ProfileDocument::parse(
+        crlf({"[General]", "[1]", "a=1", ";SolarSystem", ";\"X\",0,0", "[2]", "b=2"}));
+    EXPECT_TRUE(doc.removeNumberedSection(1));
+    EXPECT_EQ(doc.serialize(), crlf({"[General]", ";SolarSystem", ";\"X\",0,0", "[2]", "b=2"}));
+
     // At the end of the file only that section goes; a new one is appended afresh.
     doc = ProfileDocument::parse("[1]\r\na=1\n[2]\r\nb=2\r\nc=3");
     EXPECT_TRUE(doc.removeNumberedSection(2));
-    EXPECT_EQ(doc.serialize(), "[1]\r\na=1\n");
+    EXPECT_EQ(doc.serialize(), "[1]\r\na=1\r\n");
     doc.writeValue("2", "b", "new");
-    EXPECT_EQ(doc.serialize(), "[1]\r\na=1\n[2]\r\nb=new\r\n");
+    EXPECT_EQ(doc.serialize(), crlf({"[1]", "a=1", "[2]", "b=new"}));
 }
 
 }  // namespace

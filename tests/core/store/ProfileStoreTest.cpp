@@ -18,10 +18,12 @@ using Names = std::vector<std::string>;
 class ProfileStoreTest : public ::testing::Test {
   protected:
     // Replaces the file's contents behind the store's back, then gives it `time`.
-    static void replaceBehindTheBack(const fs::path& file, std::string_view bytes,
-                                     fs::file_time_type time) {
+    // The store looks again in its next check round.
+    void replaceBehindTheBack(const fs::path& file, std::string_view bytes,
+                              fs::file_time_type time) {
         writeBytes(file, bytes);
         fs::last_write_time(file, time);
+        store_.recheck();
     }
 
     test::TempGameFolder game;
@@ -56,6 +58,7 @@ TEST_F(ProfileStoreTest, TheCacheIsUsedWhileSizeAndTimeStayTheSame) {
     EXPECT_EQ(store_.readValue(file_, "Names", "S"), "Vega") << "same time, other size";
 
     fs::remove(file_);
+    store_.recheck();
     EXPECT_EQ(store_.readValue(file_, "Names", "S"), std::nullopt);
     ASSERT_TRUE(store_.writeValue(file_, "Names", "1", "Terra"));
     EXPECT_EQ(readBytes(file_), "[Names]\r\n1=Terra\r\n") << "nothing of the deleted file returns";

@@ -4,15 +4,16 @@
 
 #include <algorithm>
 
+#include "store/PictureFiles.h"
 #include "store/SystemList.h"
 #include "store/SystemName.h"
-#include "store/SystemOperations.h"
 #include "support/GameFolderFixture.h"
 
 namespace orr {
 namespace {
 
 using test::crlf;
+using test::entryNames;
 using test::StoreTest;
 using test::writeBytes;
 using Names = std::vector<std::string>;
@@ -37,6 +38,11 @@ TEST(SystemNameTest, UnusableNamesGiveASentence) {
         {".Sol", "A system name cannot begin or end with a dot."},
         {std::string(201, 'x'), "A system name can have at most 200 characters."},
         {"com1.x", "\"COM1\" is a device name reserved by Windows and cannot be a system name."},
+        // Every forbidden character is named at once, each once.
+        {"a/b:c/d?", "A system name cannot contain the characters '/', ':' and '?'."},
+        {"a|b\tc",
+         "A system name cannot contain the characters '|' or control characters such "
+         "as tabs or line breaks."},
     };
     for (const auto& [name, reason] : cases) EXPECT_EQ(CheckSystemName(name), reason) << name;
     for (const std::string& name : Names{"Sol\tII", std::string("S\0l", 3), "S\x7fl"}) {
@@ -53,70 +59,19 @@ class SystemFilesTest : public StoreTest {
   protected:
     Names pictureNames(const std::string& name) {
         Names names;
-        for (const fs::path& file : systemPictureFiles(game.folder(), name))
+        for (const fs::path& file : systemPictureFiles(game.folder(), name).paths())
             names.push_back(file.filename().string());
         std::sort(names.begin(), names.end());
         return names;
     }
-    void touchPictures(std::initializer_list<const char*> names) {
-        for (const char* name : names) writeBytes(game.pictures() / name, "picture");
-    }
 };
 
-TEST_F(SystemFilesTest, CustomSystemGetsAnEmptyDescriptor) {
-    fs::remove_all(game.descriptors());  // made when missing
-    store.record().planet(3).Moons = 7;
-    EXPECT_EQ(canCreateSystem(store, "Nova"), std::nullopt);
-    ASSERT_TRUE(createSystem(store, "Nova")) << store.lastError();
-    EXPECT_EQ(readDescriptor("Nova.orb"), crlf({"[General]", "PlanetPics = ", "Messages = ", "",
-                                                ";SolarSystem", ";\"Nova                \",0,0"}));
-    const SystemRecord& r = store.record();
-    EXPECT_EQ(r.Name, "Nova");
-    EXPECT_EQ(r.PlanetCount, 0);
-    EXPECT_EQ(r.planet(3).Moons, 7);  // unused slots keep their values
-}
-
-TEST_F(SystemFilesTest, ListedSystemTakesTheListRecord) {
-    ASSERT_TRUE(createSystem(store, "9Sol"));
-    const std::string text = readDescriptor("9Sol.orb");
-    EXPECT_TRUE(text.starts_with(
-        crlf({"[General]", "PlanetPics = NNNNNNNNN", "Messages = NNNNNNNNN", "", ";SolarSystem"})));
-    EXPECT_NE(text.find(";560,3,1,46087,13,5\r\n"), std::string::npos);
-    EXPECT_EQ(OfferedSystems(game.folder()), (Names{"0Vega", "3Sol"}));
-}
-
-TEST_F(SystemFilesTest, ACustomNameEqualToAListedKeyStaysCustom) {
-    ASSERT_TRUE(createSystem(store, "9Sol", NewSystemAnswer::CustomName)) << store.lastError();
-    EXPECT_EQ(readDescriptor("9Sol.orb"), crlf({"[General]", "PlanetPics = ", "Messages = ", "",
-                                                ";SolarSystem", ";\"9Sol                \",0,0"}));
-    EXPECT_EQ(store.record().PlanetCount, 0);
-    EXPECT_EQ(canCreateSystem(store, "9sol", NewSystemAnswer::CustomName),
-              "A system named \"9Sol\" already exists. Please choose another name.");
-}
-
-TEST_F(SystemFilesTest, RefusesExistingAndUnusableNames) {
-    writeDescriptor("Nova", crlf({"[General]"}));
-    EXPECT_EQ(canCreateSystem(store, "NOVA"), "A system named \"Nova\" already exists.");
-    EXPECT_FALSE(createSystem(store, "nova"));
-    EXPECT_EQ(readDescriptor("Nova.orb"), crlf({"[General]"}));
-    EXPECT_EQ(canCreateSystem(store, "What?"), "A system name cannot contain the character '?'.");
-    EXPECT_FALSE(createSystem(store, "CON"));
-    EXPECT_EQ(test::entryNames(game.descriptors()), Names{"Nova.orb"});
-}
-
-TEST_F(SystemFilesTest, CreatingWhileEditingLeavesTheOpenSystem) {
-    openNewSystem("Open", 2);
-    const SystemRecord before = store.record();
-    ASSERT_TRUE(createSystem(store, "Other"));
-    EXPECT_EQ(store.record(), before);
-    EXPECT_TRUE(fs::exists(game.descriptor("Other.orb")));
-    EXPECT_EQ(store.openDescriptorPath(), game.descriptor("Open.edt"));
-}
-
 TEST_F(SystemFilesTest, PictureFilesOfExactlyThisSystem) {
-    touchPictures({"Sol.bmp", "sol.GIF", "SolSun.bmp", "SOLSUN.JPG", "Sol1.avi", "Sol10.AVI",
-                   "SolX.bmp", "SolXSun.bmp", "Sol11.avi", "Sol0.avi", "Sol01.avi", "Sol1.bmp",
-                   "Sol.x.bmp", "SolSun.x.bmp", "Sol", "Sol.", "Solar.bmp", "Vega.bmp"});
+    for (const char* name :
+         {"Sol.bmp", "sol.GIF", "SolSun.bmp", "SOLSUN.JPG", "Sol1.avi", "Sol10.AVI", "SolX.bmp",
+          "SolXSun.bmp", "Sol11.avi", "Sol0.avi", "Sol01.avi", "Sol1.bmp", "Sol.x.bmp",
+          "SolSun.x.bmp", "Sol", "Sol.", "Solar.bmp", "Vega.bmp"})
+        writeBytes(game.pictures() / name, "picture");
     fs::create_directory(game.pictures() / "Sol.dir");
     EXPECT_EQ(pictureNames("Sol"),
               (Names{"SOLSUN.JPG", "Sol.bmp", "Sol1.avi", "Sol10.AVI", "SolSun.bmp", "sol.GIF"}));
@@ -128,38 +83,54 @@ TEST_F(SystemFilesTest, PictureFilesOfExactlyThisSystem) {
     EXPECT_EQ(pictureNames(""), Names{});
 }
 
-TEST_F(SystemFilesTest, DeleteRemovesOnlyThisSystem) {
-    writeDescriptor("Sol", crlf({"[General]"}));
-    writeDescriptor("SolX", crlf({"[General]"}));
-    touchPictures({"Sol.bmp", "SolSun.bmp", "Sol3.avi", "SolX.bmp", "SolXSun.bmp"});
-    ASSERT_TRUE(deleteSystemFiles(store, "Sol"));
-    EXPECT_EQ(test::entryNames(game.descriptors()), Names{"SolX.orb"});
-    EXPECT_EQ(test::entryNames(game.pictures()), (Names{"SolX.bmp", "SolXSun.bmp"}));
-
-    // Deleting the open system ends its edit.
-    openNewSystem("Nova", 1);
-    ASSERT_TRUE(deleteSystemFiles(store, "Nova"));
-    EXPECT_FALSE(store.IsEditing());
-    EXPECT_EQ(test::entryNames(game.descriptors()), Names{"SolX.orb"});
+TEST_F(SystemFilesTest, ANewSpellingRenamesTheSavedDescriptorToo) {
+    openNewSystem("Sol", 2);
+    ASSERT_TRUE(store.RenameSystem("SOL")) << store.lastError();
+    EXPECT_EQ(entryNames(game.descriptors()), (Names{"SOL.edt", "SOL.orb"}));
+    ASSERT_TRUE(store.SaveSystemBlock()) << store.lastError();
+    ASSERT_TRUE(store.EndEdit(true)) << store.lastError();
+    EXPECT_EQ(entryNames(game.descriptors()), Names{"SOL.orb"});
+    EXPECT_NE(readDescriptor("SOL.orb").find(";\"SOL                 \",0,2"), std::string::npos);
 }
 
-TEST_F(SystemFilesTest, FailedDeleteIsReportedAndKeepsThePictures) {
-    writeDescriptor("Sol", crlf({"[General]"}));
-    touchPictures({"Sol.bmp"});
-    {
-        const test::ReadOnlyFolder readOnly(game.pictures());
-        if (!readOnly.enforced()) GTEST_SKIP() << "the folder cannot be made read-only here";
-        EXPECT_FALSE(deleteSystemFiles(store, "Sol"));
-        EXPECT_NE(store.lastError().find("Sol.bmp"), std::string::npos) << store.lastError();
-        EXPECT_TRUE(fs::exists(game.pictures() / "Sol.bmp"));
-    }
-    writeDescriptor("Sol", crlf({"[General]"}));
-    touchPictures({"SolSun.bmp"});
-    // A descriptor that cannot be deleted keeps the pictures.
-    const test::ReadOnlyFolder readOnly(game.descriptors());
-    EXPECT_FALSE(deleteSystemFiles(store, "Sol"));
-    EXPECT_NE(store.lastError().find("Sol.orb"), std::string::npos) << store.lastError();
-    EXPECT_EQ(test::entryNames(game.pictures()), (Names{"Sol.bmp", "SolSun.bmp"}));
+TEST_F(SystemFilesTest, OverwritingTakesTheNewSpellingForTheOtherSystem) {
+    writeDescriptor("Vega", crlf({"[General]", ";SolarSystem", ";\"Vega\",1,0"}));
+    writeBytes(game.descriptor("vega.edt"), "an old backup of Vega");
+    openNewSystem("Nova", 1);
+    ASSERT_TRUE(store.RenameSystem("VEGA")) << store.lastError();
+    EXPECT_EQ(entryNames(game.descriptors()), (Names{"Nova.orb", "VEGA.edt", "VEGA.orb"}));
+    ASSERT_TRUE(store.EndEdit(true)) << store.lastError();
+    EXPECT_EQ(entryNames(game.descriptors()), (Names{"Nova.orb", "VEGA.orb"}));
+    EXPECT_NE(readDescriptor("VEGA.orb").find(",0,1\r\n"), std::string::npos);
+}
+
+// The game's start argument: the key's characters before their final inversion, as codes.
+std::vector<int> plainCodes(const std::string& key) {
+    std::vector<int> codes;
+    for (char c : EncodeStarArgument(key)) codes.push_back(255 - static_cast<unsigned char>(c));
+    return codes;
+}
+
+std::vector<int> padded(std::vector<int> codes, int blank = ' ') {
+    codes.resize(21, blank);
+    return codes;
+}
+
+TEST(EncodeStarArgumentTest, ListedKeysPassTheirPlanetCountCustomKeysAMark) {
+    EXPECT_EQ(plainCodes("9Sol"), padded({255 - 246, 255 - 172, 255 - 144, 255 - 147}));
+    EXPECT_EQ(static_cast<unsigned char>(EncodeStarArgument("9Sol")[20]), 223);
+    const std::pair<std::string, std::vector<int>> cases[] = {
+        {"10Vega", {10, 'V', 'e', 'g', 'a'}},
+        {"0Test", {0, 'T', 'e', 's', 't'}},
+        {"Nova", {254, 'N', 'o', 'v', 'a'}},
+        {"-3Neg", {254, '-', '3', 'N', 'e', 'g'}},  // a negative number is no planet count
+        {"253X", {253, 'X'}},
+        {"254X", {25, '4', 'X'}},  // from 254 on, the first two characters are one number
+        {"", {254}},
+    };
+    for (const auto& [key, head] : cases) EXPECT_EQ(plainCodes(key), padded(head)) << key;
+    // The game takes 21 characters: a longer key is cut there.
+    EXPECT_EQ(EncodeStarArgument("Nova" + std::string(30, 'a')).size(), 21u);
 }
 
 }  // namespace

@@ -47,5 +47,26 @@ TEST(Cp1252Test, InvalidUtf8IsTakenAsLatin1) {
     EXPECT_EQ(utf8ToCp1252("\xF8\xA1"), "\xF8\xA1");       // no such lead byte
 }
 
+TEST(Cp1252Test, TheStrictConversionNamesWhatCannotBeStored) {
+    const Cp1252Conversion mixed =
+        utf8ToCp1252Strict("caf\u00E9 \u2603\U0001F680\u2603\u0080 \u20AC");
+    EXPECT_EQ(mixed.bytes, "caf\xE9  \x80");
+    EXPECT_EQ(mixed.unstorable, "\u2603\U0001F680\u0080");
+    EXPECT_EQ(unstorableMessage(mixed.unstorable),
+              "The game cannot store these characters: \u2603 \U0001F680 \u0080\n"
+              "Please use other characters.");
+    // Bytes that are not UTF-8 are never taken for characters of the code page.
+    EXPECT_EQ(utf8ToCp1252Strict("caf\xE9").unstorable, "\uFFFD");
+    EXPECT_TRUE(utf8ToCp1252Strict("\u0081\u0178").storable());
+}
+
+TEST(Cp1252Test, ValidUtf8) {
+    for (const char* valid : {"", "plain", "caf\u00E9", "\u20AC", "\U0010FFFF"})
+        EXPECT_TRUE(isValidUtf8(valid)) << valid;
+    for (const char* invalid : {"caf\xE9", "\xC3", "\xE2\x82z", "\xC0\xAF", "\xED\xA0\x80",
+                                "\xF4\x90\x80\x80", "\xF8\xA1"})
+        EXPECT_FALSE(isValidUtf8(invalid)) << invalid;
+}
+
 }  // namespace
 }  // namespace orr::text

@@ -1,16 +1,18 @@
-// The message editor's list commands: removing, clearing, moving lines, going to a line's answer
-// group, the groups each direction lists, and the list's context menu.
+// The message editor's list and groups: removing, clearing, moving lines, going to a line's
+// answer group, typed group names, when the groups are read again, the list's context menu and
+// the pop-up for long entries.
 
 #include <QtTest>
 
 #include <QAbstractButton>
 #include <QAction>
 #include <QComboBox>
-#include <QGroupBox>
+#include <QFocusEvent>
 #include <QListWidget>
 #include <QMenu>
 
-#include "messages/MessageEditSession.h"
+#include "messages/LongEntryToolTip.h"
+#include "session/SystemEdits.h"
 #include "support/MessageEditorFixture.h"
 
 using namespace orr;
@@ -25,6 +27,14 @@ std::string threeHailResponses() {
                        "ResponseHail3=Third"});
 }
 
+// The pointer moving over the list (sent straight to it: the offscreen platform has no pointer).
+void moveOver(QListWidget* list, int row) {
+    const QPoint pos = list->visualItemRect(list->item(row)).center();
+    QMouseEvent move(QEvent::MouseMove, pos, list->viewport()->mapToGlobal(pos), Qt::NoButton,
+                     Qt::NoButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(list->viewport(), &move);
+}
+
 }  // namespace
 
 class MessageListCommandsTest : public QObject {
@@ -33,138 +43,97 @@ class MessageListCommandsTest : public QObject {
   private slots:
     void initTestCase() { QStandardPaths::setTestModeEnabled(true); }
 
-    void eachDirectionListsTheGroupsThatLeadToIt() {
-        MessageEditorFixture f(section(1, {"Messages=1", "Message1=Hello*RTalk", "ResponsesHail=1",
-                                           "ResponseHail1=Trade?*MTrade"}));
-        f.open(1);
-        QCOMPARE(f.find<QGroupBox>("fraMessages")->title(), QStringLiteral("Message Level: INIT"));
-        // Reached by a response's "*M": a message group; by a message's "*R": a response group.
-        QVERIFY(f.items("cboGroup").contains(QStringLiteral("Trade")));
-        QVERIFY(!f.items("cboGroup").contains(QStringLiteral("Talk")));
-        f.chooseDirection(2);
-        QCOMPARE(f.find<QGroupBox>("fraMessages")->title(), QStringLiteral("Response Level: Hail"));
-        QVERIFY(f.items("cboGroup").contains(QStringLiteral("Talk")));
-
-        // A planet without keys: INIT, empty, nothing to clear or edit.
-        f.open(3);
-        QVERIFY(f.entries().isEmpty());
-        QVERIFY(!f.enabled("cmdClearAll"));
-        QVERIFY(!f.enabled("cmdEdit"));
-    }
-
-    void removingTheSecondOfThreeRenumbers() {
+    // How the lines are renumbered is MessageList's rule; these check that each command asks
+    // where it should and that the list shows what the file holds.
+    void listCommandsChangeTheFileAndTheList() {
         MessageEditorFixture f(threeHailResponses());
         f.open(1);
         f.chooseDirection(2);
-        f.select(1);
-        f.prompts.answerMessage(PromptAnswer::No);
-        f.click("cmdRemove");
-        QCOMPARE(f.prompts.messageTexts(),
-                 QStringList{QStringLiteral("Are you sure you want to remove this message?")});
-        QCOMPARE(f.key(1, "ResponsesHail"), std::string("3"));
-
-        f.prompts.answerMessage(PromptAnswer::Yes);
-        f.click("cmdRemove");
-        QCOMPARE(f.key(1, "ResponsesHail"), std::string("2"));
-        QCOMPARE(f.key(1, "ResponseHail2"), std::string("Third"));
-        QCOMPARE(f.entries(), (QStringList{QStringLiteral("First"), QStringLiteral("Third")}));
-        QVERIFY(!f.enabled("cmdRemove"));
-
-        // Delete while editing removes the edited line.
-        f.select(0);
-        f.click("cmdEdit");
-        f.prompts.answerMessage(PromptAnswer::Yes);
-        f.click("cmdDelete");
-        QCOMPARE(f.key(1, "ResponsesHail"), std::string("1"));
-        QCOMPARE(f.key(1, "ResponseHail1"), std::string("Third"));
-        QVERIFY(f.visible("lstMessages"));
-        // A new line has nothing stored to delete yet.
-        f.click("cmdNew");
-        QVERIFY(!f.enabled("cmdDelete"));
-    }
-
-    void clearAllWritesCountZeroAndKeepsTheItems() {
-        MessageEditorFixture f(threeHailResponses());
-        f.open(1);
-        f.chooseDirection(2);
-        f.prompts.answerMessage(PromptAnswer::Yes);
-        f.click("cmdClearAll");
-        QCOMPARE(f.prompts.messageTexts(),
-                 QStringList{
-                     QStringLiteral("Are you sure you want to clear all messages in this group?")});
-        QCOMPARE(f.key(1, "ResponsesHail"), std::string("0"));
-        QCOMPARE(f.key(1, "ResponseHail3"), std::string("Third"));
-        QVERIFY(f.entries().isEmpty());
-        QVERIFY(!f.enabled("cmdClearAll"));
-
-        f.click("cmdNew");
-        f.type(QStringLiteral("Anew"));
-        f.click("cmdSave");
-        QCOMPARE(f.key(1, "ResponseHail1"), std::string("Anew"));
-        QCOMPARE(f.entries(), QStringList{QStringLiteral("Anew")});
-    }
-
-    void movingLinesExchangesTheirKeys() {
-        MessageEditorFixture f(threeHailResponses());
-        f.open(1);
-        f.chooseDirection(2);
+        // The first line cannot go up, the last not down.
         f.select(0);
         QVERIFY(!f.enabled("cmdSwap0"));
-        QVERIFY(f.enabled("cmdSwap1"));
         f.select(2);
-        QVERIFY(f.enabled("cmdSwap0"));
         QVERIFY(!f.enabled("cmdSwap1"));
         f.click("cmdSwap0");
         QCOMPARE(f.key(1, "ResponseHail2"), std::string("Third"));
-        QCOMPARE(f.key(1, "ResponseHail3"), std::string("Second*MTrade"));
+        QCOMPARE(f.entries(), (QStringList{"First", "Third", "Second"}));
         QCOMPARE(f.find<QListWidget>("lstMessages")->currentRow(), 1);
-        f.click("cmdSwap1");
-        f.click("cmdSwap1");  // already last: nothing happens
-        QCOMPARE(f.key(1, "ResponseHail3"), std::string("Third"));
+
+        f.prompts.answerMessage(PromptAnswer::No);
+        f.click("cmdRemove");
+        QCOMPARE(f.prompts.messageTexts(), QStringList{frmMessages::kRemoveQuestion});
+        QCOMPARE(f.key(1, "ResponsesHail"), std::string("3"));
+        // The context menu acts on the line under the pointer.
+        auto* list = f.find<QListWidget>("lstMessages");
+        f.answerNext<QMenu>([](QMenu& menu) {
+            for (QAction* action : menu.actions()) QVERIFY(action->isEnabled());
+            menu.findChild<QAction*>(QStringLiteral("mnuRemove"))->trigger();
+        });
+        f.prompts.answerMessage(PromptAnswer::Yes);
+        emit list->customContextMenuRequested(list->visualItemRect(list->item(1)).center());
+        QCOMPARE(f.key(1, "ResponseHail2"), std::string("Second*MTrade"));
+        QCOMPARE(f.entries(), (QStringList{"First", "Second"}));
+        QVERIFY(!f.enabled("cmdRemove"));
+
+        // Delete while editing (a double click) removes the edited line; a new line has nothing
+        // to delete.
+        const QPoint first = list->visualItemRect(list->item(0)).center();
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, first);
+        QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, first);
+        f.prompts.answerMessage(PromptAnswer::Yes);
+        f.click("cmdDelete");
+        QCOMPARE(f.entries(), QStringList{"Second"});
+        QCOMPARE(f.key(1, "ResponsesHail"), std::string("1"));
+        f.click("cmdNew");
+        QVERIFY(!f.enabled("cmdDelete"));
+        f.click("cmdCancel");
+
+        f.prompts.answerMessage(PromptAnswer::Yes);
+        f.click("cmdClearAll");
+        QCOMPARE(f.prompts.messageTexts().last(), frmMessages::kClearQuestion);
+        QCOMPARE(f.key(1, "ResponsesHail"), std::string("0"));
+        QVERIFY(f.entries().isEmpty());
+        QVERIFY(!f.enabled("cmdClearAll"));
     }
 
-    void goToAnswerCreatesTheGroupInTheOtherDirection() {
-        MessageEditorFixture f(threeHailResponses());
+    void goToAnswerOpensTheGroupInTheOtherDirection() {
+        MessageEditorFixture f(section(1, {"ResponsesHail=1", "ResponseHail1=Deal?*MTrade"}));
         f.open(1);
         f.chooseDirection(2);
         QVERIFY(!f.enabled("cmdGo"));
-        f.select(1);
-        QCOMPARE(f.find<QComboBox>("cboAnswerGroup")->currentText(), QStringLiteral("Trade"));
+        f.select(0);
         f.click("cmdGo");
         QVERIFY(f.find<QAbstractButton>("optDir0")->isChecked());
-        QCOMPARE(f.find<QGroupBox>("fraMessages")->title(), QStringLiteral("Message Level: Trade"));
-        // The group is written only with its first line.
+        QCOMPARE(f.text("fraMessages"), QStringLiteral("Message Level: Trade"));
         f.click("cmdNew");
         f.type(QStringLiteral("What do you offer?"));
         f.click("cmdSave");
         QCOMPARE(f.key(1, "MessageTrade1"), std::string("What do you offer?"));
+        // The saved line answers with its own group, which the responses list from now on.
+        f.chooseDirection(2);
+        QCOMPARE(f.text("fraMessages"), QStringLiteral("Response Level: Trade"));
     }
 
-    void typedGroupsAreTakenUpAndAddGroupTakesOnlyNewUsableNames() {
+    void typedGroupsAreTakenUp() {
         MessageEditorFixture f;
         f.open(1);
         auto* combo = f.find<QComboBox>("cboGroup");
-        // New takes the typed group.
+        // New takes the typed group; Edit and leaving the box show it.
         f.typeGroup(QStringLiteral("Docking"));
         f.click("cmdNew");
         f.type(QStringLiteral("Bay three is free."));
         f.click("cmdSave");
         QCOMPARE(f.key(1, "MessageDocking1"), std::string("Bay three is free."));
-
-        // Edit shows the typed group (empty, so there is nothing to edit yet).
         f.typeGroup(QStringLiteral("Cargo"));
         f.click("cmdEdit");
-        QVERIFY(!f.window().session().isEditing());
-        QCOMPARE(f.window().session().group(), std::string("Cargo"));
-
-        // Leaving the box takes it up too; an empty box shows the current group again.
+        QCOMPARE(f.window().state().group(), std::string("Cargo"));
         const auto leave = [&] {
             QFocusEvent out(QEvent::FocusOut, Qt::TabFocusReason);
             QCoreApplication::sendEvent(combo, &out);
         };
         f.typeGroup(QStringLiteral("Hangar"));
         leave();
-        QCOMPARE(f.window().session().group(), std::string("Hangar"));
+        QCOMPARE(f.window().state().group(), std::string("Hangar"));
         combo->setEditText(QString());
         leave();
         QCOMPARE(combo->currentText(), QStringLiteral("Hangar"));
@@ -173,58 +142,79 @@ class MessageListCommandsTest : public QObject {
         f.typeGroup(QStringLiteral("Bad*Name"));
         f.prompts.answerMessage(PromptAnswer::Ok);
         f.click("cmdNew");
-        QVERIFY(!f.window().session().isEditing());
+        QVERIFY(!f.window().isEditing());
         QCOMPARE(combo->currentText(), QStringLiteral("Hangar"));
 
-        // A line being edited stays in its group.
+        // A line being edited stays in its group; typing a listed name chooses it.
         f.click("cmdNew");
         f.type(QStringLiteral("Doors open."));
         f.typeGroup(QStringLiteral("Elsewhere"));
         f.click("cmdSave");
         QCOMPARE(f.key(1, "MessageHangar1"), std::string("Doors open."));
-        QCOMPARE(combo->currentText(), QStringLiteral("Hangar"));
-
-        // Add Group takes only new, usable names, and writes nothing until a line is saved.
-        f.typeGroup(QStringLiteral("INIT"));  // typing a listed name chooses it
-        QCOMPARE(f.find<QGroupBox>("fraMessages")->title(), QStringLiteral("Message Level: INIT"));
-        QVERIFY(!f.enabled("cmdAddGroup"));
         f.typeGroup(QStringLiteral("Cave"));
         f.click("cmdAddGroup");
-        QCOMPARE(f.find<QGroupBox>("fraMessages")->title(), QStringLiteral("Message Level: Cave"));
+        QCOMPARE(f.text("fraMessages"), QStringLiteral("Message Level: Cave"));
+        f.typeGroup(QStringLiteral("INIT"));
+        QCOMPARE(f.text("fraMessages"), QStringLiteral("Message Level: INIT"));
         QVERIFY(!f.enabled("cmdAddGroup"));
-        QCOMPARE(f.key(1, "MessagesCave"), std::string("ERR"));
-        f.typeGroup(QStringLiteral("Bad*Name"));
-        f.prompts.answerMessage(PromptAnswer::Ok);
-        f.click("cmdAddGroup");
-        QCOMPARE(f.prompts.messageTexts().size(), 2);
-        QVERIFY(!f.items("cboGroup").contains(QStringLiteral("Bad*Name")));
-        QCOMPARE(f.prompts.unexpectedCount(), 0);
     }
 
-    void theContextMenuActsOnTheLineUnderTheMouse() {
-        MessageEditorFixture f(threeHailResponses());
+    // When the groups are read again is MessageEditorState's rule; these are its inputs.
+    void groupsAreReadAgainOnlyWhenNeeded() {
+        MessageEditorFixture f;
+        const MessageEditorState& state = f.window().state();
+        for (const bool anotherSystem : {false, true}) {
+            f.open(1);
+            f.click("cmdClose");
+            if (anotherSystem) QVERIFY(setDisplayName(f.session, "Nova Prime"));
+        }
         f.open(1);
-        f.chooseDirection(2);
-        QStringList enabledAtPopup;
-        f.window().setPopupRunner([&](QMenu* menu, const QPoint&) {
-            for (QAction* action : menu->actions())
-                if (action->isEnabled()) enabledAtPopup << action->objectName();
-            f.find<QAction>("mnuRemove")->trigger();
-        });
-        auto* list = f.find<QListWidget>("lstMessages");
-        const QPoint third = list->visualItemRect(list->item(2)).center();
-        f.prompts.answerMessage(PromptAnswer::Yes);
-        emit list->customContextMenuRequested(third);
-        QCOMPARE(enabledAtPopup,
-                 (QStringList{QStringLiteral("mnuEdit"), QStringLiteral("mnuRemove"),
-                              QStringLiteral("mnuGo")}));
-        QCOMPARE(f.key(1, "ResponsesHail"), std::string("2"));
+        QCOMPARE(state.scanCount(), 2);
+        // Coming back from a chooser reads nothing, though the reload mark is still set.
+        f.click("cmdNew");
+        f.attach("*SF");
+        f.selectAttached(0);
+        f.answerNext<QDialog>([](QDialog& dialog) { dialog.reject(); });
+        f.click("cmdSpEdit");
+        QVERIFY(f.window().isEditing());
+        // Back from another window (room editor, wizard) only while marked.
+        f.click("cmdCancel");
+        f.window().windowActivated();
+        QCOMPARE(state.scanCount(), 2);
+        f.window().markForReload();
+        f.window().windowActivated();
+        QCOMPARE(state.scanCount(), 3);
+    }
 
-        // A double click edits the line.
-        const QPoint second = list->visualItemRect(list->item(1)).center();
-        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, second);
-        QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, second);
-        QVERIFY(f.visible("txtMessage"));
+    // The pop-up stays inside the list, so it covers no other control, and it lets every click
+    // through to the entry below it.
+    void longEntriesShowAPopUpThatTakesNoClick() {
+        const std::string longText(200, 'w');
+        MessageEditorFixture f(section(1, {"Messages=3", "Message1=Short",
+                                           ("Message2=" + longText).c_str(), "Message3=Last"}));
+        frmMessages& editor = f.open(1);
+        editor.resize(700, 500);
+        QCoreApplication::processEvents();
+        auto* list = f.find<QListWidget>("lstMessages");
+        auto* tip = f.find<LongEntryToolTip>("picTooltip");
+        moveOver(list, 0);
+        QVERIFY(!tip->isVisible());
+        moveOver(list, 1);
+        QVERIFY(tip->isVisible());
+        QCOMPARE(f.text("lblTooltip").size(), 200);
+        const QRect shown(tip->mapTo(&editor, QPoint(0, 0)), tip->size());
+        const QRect inside(list->viewport()->mapTo(&editor, QPoint(0, 0)),
+                           list->viewport()->size());
+        QVERIFY(inside.contains(shown));
+        for (const QPoint& point : {shown.topLeft(), shown.center(), shown.bottomRight()})
+            QCOMPARE(editor.childAt(point), list->viewport());
+        // Leaving the entry hides it.
+        moveOver(list, 2);
+        QVERIFY(!tip->isVisible());
+        moveOver(list, 1);
+        QEvent leave(QEvent::Leave);
+        QCoreApplication::sendEvent(list->viewport(), &leave);
+        QVERIFY(!tip->isVisible());
     }
 };
 

@@ -1,133 +1,6 @@
 #include "GameFolderFixture.h"
 
-#include <fcntl.h>
-#include <linux/fs.h>
-#include <sys/ioctl.h>
-#include <unistd.h>
-
-#include <algorithm>
-#include <cstdlib>
-#include <fstream>
-#include <sstream>
-
 namespace orr::test {
-
-namespace {
-
-// The game's system list: Sol with 9 planets, Vega with none, a hidden "#" system with one
-// planet, and Sol again with 3 planets under another key.
-const char* const kSystemList =
-    "\"Sol\",0,9\r\n"
-    "300,3,0,0,3,0\r\n"
-    "420,2,0,0,3,0\r\n"
-    "560,3,1,46087,13,5\r\n"
-    "700,2,2,0,11,0\r\n"
-    "900,0,0,0,0,0\r\n"
-    "1100,5,16,0,6,0\r\n"
-    "1300,4,18,0,7,0\r\n"
-    "1500,3,15,0,14,0\r\n"
-    "1800,1,1,0,10,0\r\n"
-    "\"Vega\",1,0\r\n"
-    "\"Hidden #1\",2,1\r\n"
-    "500,2,0,0,1,0\r\n"
-    "\"Sol\",3,3\r\n"
-    "400,2,0,0,1,0\r\n"
-    "500,2,0,0,1,0\r\n"
-    "600,2,0,0,1,0\r\n";
-
-}  // namespace
-
-std::string crlf(std::initializer_list<std::string_view> lines) {
-    std::string out;
-    for (std::string_view line : lines) {
-        out += line;
-        out += "\r\n";
-    }
-    return out;
-}
-
-std::string readBytes(const fs::path& file) {
-    std::ifstream in(file, std::ios::binary);
-    std::ostringstream bytes;
-    bytes << in.rdbuf();
-    return bytes.str();
-}
-
-void writeBytes(const fs::path& file, std::string_view bytes) {
-    std::ofstream out(file, std::ios::binary | std::ios::trunc);
-    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-}
-
-std::vector<std::string> entryNames(const fs::path& folder) {
-    std::vector<std::string> names;
-    for (const auto& entry : fs::directory_iterator(folder))
-        names.push_back(entry.path().filename().string());
-    std::sort(names.begin(), names.end());
-    return names;
-}
-
-namespace {
-
-bool setImmutable(const fs::path& folder, bool on) {
-    const int fd = open(folder.c_str(), O_RDONLY | O_DIRECTORY);
-    if (fd < 0) return false;
-    int flags = 0;
-    bool ok = ioctl(fd, FS_IOC_GETFLAGS, &flags) == 0;
-    if (ok) {
-        flags = on ? (flags | FS_IMMUTABLE_FL) : (flags & ~FS_IMMUTABLE_FL);
-        ok = ioctl(fd, FS_IOC_SETFLAGS, &flags) == 0;
-    }
-    close(fd);
-    return ok;
-}
-
-bool canCreateFileIn(const fs::path& folder) {
-    const fs::path probe = folder / ".write-probe";
-    const int fd = open(probe.c_str(), O_WRONLY | O_CREAT | O_EXCL, 0600);
-    if (fd < 0) return false;
-    close(fd);
-    unlink(probe.c_str());
-    return true;
-}
-
-}  // namespace
-
-ReadOnlyFolder::ReadOnlyFolder(fs::path folder) : folder_(std::move(folder)) {
-    fs::permissions(folder_, fs::perms::owner_read | fs::perms::owner_exec);
-    if (geteuid() == 0) setImmutable(folder_, true);
-    enforced_ = !canCreateFileIn(folder_);
-}
-
-ReadOnlyFolder::~ReadOnlyFolder() {
-    release(folder_);
-}
-
-void ReadOnlyFolder::release(const fs::path& folder) {
-    if (geteuid() == 0) setImmutable(folder, false);
-    std::error_code ec;
-    fs::permissions(folder, fs::perms::owner_all, ec);
-}
-
-TempGameFolder::TempGameFolder() {
-    std::string pattern = (fs::temp_directory_path() / "orrerion-store-XXXXXX").string();
-    if (!mkdtemp(pattern.data())) throw std::runtime_error("cannot create a temporary folder");
-    root_ = pattern;
-    writeBytes(root_ / "voidrunner.exe", "MZ stand-in");
-    writeBytes(root_ / "SOLARSYS.TXT", kSystemList);
-    writeBytes(root_ / "aliens.txt", crlf({"Klaxi", "Ormu", "Vessari"}));
-    fs::create_directory(root_ / "ORBDescriptor");
-    fs::create_directory(root_ / "PICTURES");
-}
-
-TempGameFolder::~TempGameFolder() {
-    std::error_code ec;
-    // A test may have left a folder read-only.
-    for (auto it = fs::recursive_directory_iterator(root_, ec);
-         !ec && it != fs::recursive_directory_iterator(); it.increment(ec)) {
-        if (it->is_directory()) ReadOnlyFolder::release(it->path());
-    }
-    fs::remove_all(root_, ec);
-}
 
 StoreTest::StoreTest() : store(game.folder()) {
     store.InitTables();
@@ -135,6 +8,8 @@ StoreTest::StoreTest() : store(game.folder()) {
 
 void StoreTest::writeDescriptor(const std::string& name, std::string_view bytes) {
     writeBytes(game.descriptor(name + ".orb"), bytes);
+    // Written behind the store's back: the next read looks at the file again.
+    store.recheck();
 }
 
 std::string StoreTest::readDescriptor(const std::string& fileName) const {

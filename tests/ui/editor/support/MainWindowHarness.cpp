@@ -2,23 +2,28 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QComboBox>
+#include <QCursor>
 #include <QDialog>
 #include <QMenu>
 #include <QMouseEvent>
+#include <QtTest>
 
 #include "editor/StarView.h"
 #include "editor/SystemCanvas.h"
-#include "editor/SystemLifecycle.h"
-#include "platform/QtText.h"
+#include "editor/SystemListBox.h"
 
 namespace orr::test {
 
-MainWindowHarness::MainWindowHarness() {
-    game.writeAliens({"Klingar", "Vossk"});
+MainWindowHarness::~MainWindowHarness() {
+    window_.reset();
+    ui::setDialogRunner(previousDialogs_);
+    ui::setMenuRunner(previousMenus_);
+    QString unexpected;
+    for (const auto& asked : prompts.asked())
+        if (asked.unexpected) unexpected += QStringLiteral(" \"") + asked.text + QLatin1Char('"');
+    QVERIFY2(unexpected.isEmpty(), qPrintable(QStringLiteral("unexpected:") + unexpected));
+    QVERIFY2(prompts.unusedAnswerCount() == 0, "an answer was queued for a question never asked");
 }
-
-MainWindowHarness::~MainWindowHarness() = default;
 
 SystemRecord MainWindowHarness::spacedSystem(const std::string& name, int planets) {
     SystemRecord record = TempGameFolder::systemRecord(name, planets);
@@ -30,33 +35,53 @@ SystemRecord MainWindowHarness::spacedSystem(const std::string& name, int planet
 bool MainWindowHarness::start() {
     window_ = std::make_unique<ui::frmSSEdit>(game.folder());
     if (!window_->startUp()) return false;
-    window_->setPopupRunner([this](QMenu* menu, const QPoint&) { recordMenu(menu); });
-    window_->setDialogRunner([this](QDialog& dialog) {
+    previousMenus_ = ui::setMenuRunner([this](QMenu& menu, const QPoint&) { recordMenu(&menu); });
+    previousDialogs_ = ui::setDialogRunner([this](QDialog& dialog) {
         ++dialogsRun_;
         if (fill_) fill_(dialog);
     });
     window_->resize(900, 760);
     window_->show();
-    QCoreApplication::processEvents();
-    return true;
+    window_->activateWindow();
+    return QTest::qWaitForWindowActive(window_.get());
+}
+
+QString MainWindowHarness::undoText() const {
+    return action("mnuEUndo")->text();
+}
+
+QString MainWindowHarness::redoText() const {
+    return action("mnuERedo")->text();
+}
+
+QString MainWindowHarness::lastQuestion() const {
+    if (prompts.asked().empty()) return {};
+    const auto& asked = prompts.asked().back();
+    const QString shown = asked.caption + QStringLiteral(": ") + asked.text + QStringLiteral(" [");
+    if (asked.kind == ui::ScriptedPrompts::Kind::Input) return shown + asked.defaultText + ']';
+    static const char* const buttons[] = {"Ok", "OkCancel", "YesNo", "YesNoCancel"};
+    static const char* const icons[] = {"", " Information", " Question", " Exclamation",
+                                        " Critical"};
+    return shown + buttons[static_cast<int>(asked.buttons)] + icons[static_cast<int>(asked.icon)] +
+           (asked.defaultButton == ui::PromptAnswer::No ? QStringLiteral(", default No")
+                                                        : QString()) +
+           ']';
 }
 
 void MainWindowHarness::choose(const std::string& name) {
-    const int index = indexOf(name);
-    window_->cboSystems->setCurrentIndex(index);
-    emit window_->cboSystems->activated(index);
-}
-
-int MainWindowHarness::indexOf(const std::string& name) const {
-    return window_->lifecycle().findEntry(name);
+    auto* list = find<ui::SystemListBox>("cboSystems");
+    const int index = list->findEntry(name);
+    list->setCurrentIndex(index);
+    emit list->activated(index);
 }
 
 QString MainWindowHarness::selected() const {
-    return window_->cboSystems->currentText();
+    return find<ui::SystemListBox>("cboSystems")->currentText();
 }
 
-QAction* MainWindowHarness::action(const char* name) const {
-    return window_->findChild<QAction*>(QString::fromLatin1(name));
+void MainWindowHarness::press(const QKeySequence& keys) {
+    QWidget* target = QApplication::focusWidget();
+    QTest::keySequence(target ? target : window_.get(), keys);
 }
 
 namespace {
@@ -83,43 +108,47 @@ void MainWindowHarness::recordMenu(QMenu* menu) {
     }
     for (QMenu* sub : menu->findChildren<QMenu*>())
         enabledAtPopup_[sub->objectName()] = sub->isEnabled();
+    if (whileMenuOpen_) std::exchange(whileMenuOpen_, {})();
     const QString wanted = menu->property("harnessPick").toString();
-    const int data = menu->property("harnessData").toInt();
     if (wanted.isEmpty()) return;
-    if (QAction* entry = findEntry(menu, wanted, data)) entry->trigger();
+    if (QAction* entry = findEntry(menu, wanted, menu->property("harnessData").toInt()))
+        entry->trigger();
 }
 
 void MainWindowHarness::pickPlanetMenu(int planet, const char* entry, int data) {
-    window_->mnuPopup->setProperty("harnessPick", entry ? QString::fromLatin1(entry) : QString());
-    window_->mnuPopup->setProperty("harnessData", data);
+    QMenu* menu = find<QMenu>("mnuPopup");
+    menu->setProperty("harnessPick", entry ? QString::fromLatin1(entry) : QString());
+    menu->setProperty("harnessData", data);
     mouse(QEvent::MouseButtonPress, planetCentre(planet), Qt::RightButton);
     mouse(QEvent::MouseButtonRelease, planetCentre(planet), Qt::RightButton);
 }
 
 void MainWindowHarness::pickStarMenu(const char* entry, int data) {
-    QMenu* menu = window_->mnuPopupStar;
+    QMenu* menu = find<QMenu>("mnuPopupStar");
     menu->setProperty("harnessPick", entry ? QString::fromLatin1(entry) : QString());
     menu->setProperty("harnessData", data);
-    ui::StarView* star = window_->picStar;
-    const QPointF at(star->width() / 2.0, star->height() / 2.0);
-    QMouseEvent press(QEvent::MouseButtonPress, at, star->mapToGlobal(at), Qt::RightButton,
-                      Qt::RightButton, Qt::NoModifier);
-    QApplication::sendEvent(star, &press);
-}
-
-void MainWindowHarness::onDialog(std::function<void(QDialog&)> fill) {
-    fill_ = std::move(fill);
+    auto* star = find<ui::StarView>("picStar");
+    QTest::mouseClick(star, Qt::RightButton);
 }
 
 void MainWindowHarness::mouse(QEvent::Type type, OrbitGeometry::Point units,
                               Qt::MouseButton button) {
-    ui::SystemCanvas* canvas = window_->picSolarSystem;
-    const QPointF at = canvas->toPixels(units);
+    ui::SystemCanvas* target = canvas();
+    const QPointF at = target->toPixels(units);
     Qt::MouseButtons held = button;
     if (type == QEvent::MouseButtonRelease) held = Qt::NoButton;
-    if (type == QEvent::MouseMove && canvas->draggedPlanet() != 0) held = Qt::LeftButton;
-    QMouseEvent event(type, at, canvas->mapToGlobal(at), button, held, Qt::NoModifier);
-    QApplication::sendEvent(canvas, &event);
+    if (type == QEvent::MouseMove && target->draggedPlanet() != 0) held = Qt::LeftButton;
+    // The pointer is where the event happens, for whatever asks for it later.
+    QCursor::setPos(target->mapToGlobal(at.toPoint()));
+    QMouseEvent event(type, at, target->mapToGlobal(at), button, held, Qt::NoModifier);
+    QApplication::sendEvent(target, &event);
+}
+
+void MainWindowHarness::drag(int planet, std::initializer_list<OrbitGeometry::Point> through) {
+    mouse(QEvent::MouseButtonPress, planetCentre(planet), Qt::LeftButton);
+    OrbitGeometry::Point last = planetCentre(planet);
+    for (const OrbitGeometry::Point& point : through) mouse(QEvent::MouseMove, last = point);
+    mouse(QEvent::MouseButtonRelease, last, Qt::LeftButton);
 }
 
 OrbitGeometry::Point MainWindowHarness::planetCentre(int planet) {

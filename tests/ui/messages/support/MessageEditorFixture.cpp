@@ -3,108 +3,84 @@
 #include <QAbstractButton>
 #include <QComboBox>
 #include <QDialog>
+#include <QGroupBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMenu>
 #include <QPlainTextEdit>
 #include <QtTest>
-#include <fstream>
-#include <iterator>
 
 #include "platform/QtText.h"
-#include "store/SystemOperations.h"
+#include "session/SystemEdits.h"
 
 namespace orr::test {
 
-namespace fs = std::filesystem;
-
-namespace {
-
-void writeFile(const fs::path& file, std::string_view bytes) {
-    fs::create_directories(file.parent_path());
-    std::ofstream out(file, std::ios::binary | std::ios::trunc);
-    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-}
-
-std::string readFile(const fs::path& file) {
-    std::ifstream in(file, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-}
-
-SystemRecord nova() {
-    SystemRecord record;
-    record.Name = "Nova";
-    record.setDisplayName("Nova");
-    record.PlanetCount = 3;
-    for (int n = 1; n <= 3; ++n) {
-        record.planet(n).Position = static_cast<std::int16_t>(400 + 30 * (n - 1));
-        record.planet(n).Size = 2;
-        record.planet(n).PlanetClass = 1;
-    }
-    return record;
-}
-
-}  // namespace
-
 std::string section(int planet, std::initializer_list<std::string_view> lines) {
-    std::string text = "[" + std::to_string(planet) + "]\r\n";
-    for (std::string_view line : lines) text += std::string(line) + "\r\n";
-    return text;
+    return "[" + std::to_string(planet) + "]\r\n" + crlf(lines);
 }
 
-MessageEditorFixture::MessageEditorFixture(std::string_view sections, SpecialList special) {
-    const fs::path folder = root();
-    writeFile(folder / "voidrunner.exe", "MZ");
-    fs::create_directories(folder / "PICTURES");
-    writeFile(folder / "ORBDescriptor" / "Nova.orb",
-              newDescriptorText(nova()) + std::string(sections));
-    if (special == SpecialList::InGameFolder) {
-        fs::copy_file(fs::path(ORRERION_SOURCE_DIR) / "data" / "SPECIAL.LST",
-                      folder / "SPECIAL.LST");
+MessageEditorFixture::MessageEditorFixture(std::string_view sections, SpecialList special)
+    : session(game.folder()) {
+    game.writeDescriptor(TempGameFolder::systemRecord("Nova", 3), sections);
+    if (special == SpecialList::InGameFolder)
+        game.write("SPECIAL.LST", readBytes(fs::path(ORRERION_SOURCE_DIR) / "data/SPECIAL.LST"));
+    session.InitTables();
+    if (!session.open("Nova", [] { return false; }))
+        QTest::qFail("Nova could not be opened", __FILE__, __LINE__);
+    previousDialogs_ = ui::setDialogRunner([this](QDialog& dialog) {
+        if (!answer(dialog)) dialog.reject();
+    });
+    previousMenus_ = ui::setMenuRunner([this](QMenu& menu, const QPoint&) { answer(menu); });
+}
+
+MessageEditorFixture::~MessageEditorFixture() {
+    window_.reset();
+    ui::setDialogRunner(std::move(previousDialogs_));
+    ui::setMenuRunner(std::move(previousMenus_));
+    if (prompts.unexpectedCount() + prompts.unusedAnswerCount() + unexpectedRuns_ +
+            static_cast<int>(answers_.size()) !=
+        0) {
+        const QString asked = prompts.messageTexts().join(QStringLiteral(" | "));
+        QTest::qFail(qPrintable("unexpected or unused questions, dialogs or menus: " + asked),
+                     __FILE__, __LINE__);
     }
-    store.setFolder(GameFolder(folder));
-    store.InitTables();
-    store.record().Name = "Nova";
-    ok = store.BeginEdit([] { return false; }) && store.LoadSystem("Nova").blockFound;
 }
 
-MessageEditorFixture::~MessageEditorFixture() = default;
-
-fs::path MessageEditorFixture::root() const {
-    return fs::path(dir_.path().toStdString());
+bool MessageEditorFixture::answer(QWidget& widget) {
+    if (answers_.empty()) {
+        ++unexpectedRuns_;
+        return false;
+    }
+    auto next = std::move(answers_.front());
+    answers_.pop_front();
+    next(widget);
+    return true;
 }
 
 ui::frmMessages& MessageEditorFixture::window() {
     if (!window_) {
-        window_ = std::make_unique<ui::frmMessages>(store);
+        window_ = std::make_unique<ui::frmMessages>(session);
         // The program's own copy is never the one beside the test program.
-        window_->setProgramSpecialList(root() / "program" / "SPECIAL.LST");
-        window_->setDialogRunner([this](QDialog& dialog) {
-            ++dialogsRun_;
-            if (answers_.empty()) {
-                dialog.reject();
-                return;
-            }
-            auto answer = std::move(answers_.front());
-            answers_.pop_front();
-            answer(dialog);
-        });
+        window_->setProgramSpecialList(game.path("program/SPECIAL.LST"));
     }
     return *window_;
 }
 
 ui::frmMessages& MessageEditorFixture::open(int planet, bool customMessages) {
     ui::frmMessages& editor = window();
-    editor.prepareForPlanet(planet, ui::toQString(planetName(store, planet)), customMessages);
+    editor.prepareForPlanet(planet, ui::toQString(planetName(session.store(), planet)),
+                            customMessages);
     editor.show();
+    editor.activateWindow();
+    if (!QTest::qWaitForWindowActive(&editor))
+        QTest::qFail("the editor did not become active", __FILE__, __LINE__);
     return editor;
 }
 
 std::string MessageEditorFixture::key(int planet, const std::string& key) {
-    return store.GetPlanetKey(planet, key, true);
-}
-
-std::string MessageEditorFixture::descriptor() const {
-    return readFile(root() / "ORBDescriptor" / "Nova.edt");
+    session.recheck();
+    return session.store().GetPlanetKey(planet, key, true);
 }
 
 void MessageEditorFixture::click(const char* name) {
@@ -113,18 +89,24 @@ void MessageEditorFixture::click(const char* name) {
     button->click();
 }
 
-bool MessageEditorFixture::enabled(const char* name) {
-    auto* widget = find<QWidget>(name);
-    return widget && widget->isEnabled();
+QString MessageEditorFixture::text(const char* name) {
+    QWidget* widget = find<QWidget>(name);
+    if (auto* label = qobject_cast<QLabel*>(widget)) return label->text();
+    if (auto* line = qobject_cast<QLineEdit*>(widget)) return line->text();
+    if (auto* box = qobject_cast<QPlainTextEdit*>(widget)) return box->toPlainText();
+    if (auto* combo = qobject_cast<QComboBox*>(widget)) return combo->currentText();
+    if (auto* frame = qobject_cast<QGroupBox*>(widget)) return frame->title();
+    return QStringLiteral("<no text control %1>").arg(name);
 }
 
-bool MessageEditorFixture::visible(const char* name) {
-    auto* widget = find<QWidget>(name);
-    return widget && widget->isVisible();
-}
-
-void MessageEditorFixture::chooseDirection(int index) {
-    click(qPrintable(QStringLiteral("optDir%1").arg(index)));
+QStringList MessageEditorFixture::items(const char* name) {
+    QStringList texts;
+    if (auto* combo = find<QComboBox>(name)) {
+        for (int i = 0; i < combo->count(); ++i) texts << combo->itemText(i);
+    } else if (auto* list = find<QListWidget>(name)) {
+        for (int i = 0; i < list->count(); ++i) texts << list->item(i)->text();
+    }
+    return texts;
 }
 
 void MessageEditorFixture::typeGroup(const QString& text) {
@@ -140,47 +122,24 @@ void MessageEditorFixture::select(int row) {
     QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(item).center());
 }
 
-namespace {
-
-QStringList texts(const QListWidget* list) {
-    QStringList all;
-    for (int i = 0; i < list->count(); ++i) all << list->item(i)->text();
-    return all;
-}
-
-}  // namespace
-
-QStringList MessageEditorFixture::entries() {
-    return texts(find<QListWidget>("lstMessages"));
-}
-
-QStringList MessageEditorFixture::items(const char* comboName) {
-    QStringList texts;
-    auto* combo = find<QComboBox>(comboName);
-    for (int i = 0; i < combo->count(); ++i) texts << combo->itemText(i);
-    return texts;
-}
-
 void MessageEditorFixture::type(const QString& text) {
     find<QPlainTextEdit>("txtMessage")->setPlainText(text);
 }
 
+int MessageEditorFixture::specialIndex(const QString& code) {
+    return items("cboSpecial")
+        .indexOf(QRegularExpression(QRegularExpression::escape(code + " - ") + ".*"));
+}
+
 void MessageEditorFixture::attach(const QString& code) {
-    auto* combo = find<QComboBox>("cboSpecial");
-    int index = -1;
-    for (int i = 0; i < combo->count() && index < 0; ++i)
-        if (combo->itemText(i).startsWith(code + QStringLiteral(" - "))) index = i;
+    const int index = specialIndex(code);
     if (index < 0) QFAIL(qPrintable(QStringLiteral("no entry for %1").arg(code)));
-    combo->setCurrentIndex(index);
+    find<QComboBox>("cboSpecial")->setCurrentIndex(index);
     click("cmdSpAdd");
 }
 
-QStringList MessageEditorFixture::attached() {
-    return texts(find<QListWidget>("lstSpecial"));
-}
-
-void MessageEditorFixture::onDialog(std::function<void(QDialog&)> answer) {
-    answers_.push_back(std::move(answer));
+void MessageEditorFixture::selectAttached(int row) {
+    find<QListWidget>("lstSpecial")->setCurrentRow(row);
 }
 
 }  // namespace orr::test

@@ -1,26 +1,20 @@
 #pragma once
-// The message editor on a game folder of its own: a fresh temporary folder with the game's
-// executable, the shipped SPECIAL.LST and the system "Nova" (three planets) opened for editing
-// as the main window opens it. Every question is answered from a script and the choosers are
-// answered by the test through `onDialog`.
+// The message editor on a game folder of its own (TempGameFolder) with the shipped SPECIAL.LST
+// and the system "Nova" (three planets) open as the main window opens it. Questions are answered
+// from a script (prompts), dialogs and menus by the test (answerNext); a question, dialog or menu
+// nobody expected, or an answer never used, fails the test when the fixture ends.
 
 #include <QStringList>
-#include <QTemporaryDir>
 #include <deque>
-#include <filesystem>
 #include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
 
 #include "messages/frmMessages.h"
+#include "platform/Modal.h"
 #include "platform/ScriptedPrompts.h"
-#include "store/SystemStore.h"
-
-class QAbstractButton;
-class QComboBox;
-class QDialog;
-class QListWidget;
+#include "support/GameFixture.h"
 
 namespace orr::test {
 
@@ -35,51 +29,57 @@ class MessageEditorFixture {
     MessageEditorFixture(const MessageEditorFixture&) = delete;
     MessageEditorFixture& operator=(const MessageEditorFixture&) = delete;
 
-    bool ok = false;  // the system could be opened
-    SystemStore store;
+    TempGameFolder game{TempGameFolder::Contents::Bare};
+    EditSession session;
     ui::ScriptedPrompts prompts;
 
-    // The window, made on first use.
-    ui::frmMessages& window();
-    // Opens the editor on a planet as the main window does (without running it modally) and
-    // shows it.
+    ui::frmMessages& window();  // made on first use
+    // Opens the editor on a planet as the main window does, without a modal loop of its own, and
+    // makes it the active window.
     ui::frmMessages& open(int planet, bool customMessages = false);
+    std::string key(int planet, const std::string& key);  // as stored ("ERR" when absent)
 
-    // The planet's key as stored in the working copy ("ERR" when absent).
-    std::string key(int planet, const std::string& key);
-    // The working copy's bytes.
-    std::string descriptor() const;
-    std::filesystem::path root() const;
+    // The next dialog (QDialog or a chooser) or menu (QMenu) the editor runs goes to `answer`.
+    template <typename T>
+    void answerNext(std::function<void(T&)> answer) {
+        answers_.push_back([answer](QWidget& widget) { answer(dynamic_cast<T&>(widget)); });
+    }
 
-    // Controls by object name; a test fails (and returns null) when one is missing.
+    // Controls by object name.
     template <typename T>
     T* find(const char* name) {
         return window().findChild<T*>(QString::fromLatin1(name));
     }
     void click(const char* name);
-    bool enabled(const char* name);
-    bool visible(const char* name);
+    bool enabled(const char* name) { return find<QWidget>(name)->isEnabled(); }
+    bool visible(const char* name) { return find<QWidget>(name)->isVisible(); }
+    // The text of a label, line edit, text box or combo box, or a frame's title.
+    QString text(const char* name);
+    QStringList items(const char* name);  // a combo box's items or a list's entries
+    QStringList entries() { return items("lstMessages"); }
 
-    void chooseDirection(int index);      // clicks optDir<index>
+    void chooseDirection(int index) { click(qPrintable(QStringLiteral("optDir%1").arg(index))); }
     void typeGroup(const QString& text);  // types into cboGroup's text
     void select(int row);                 // clicks an entry of lstMessages
-    QStringList entries();                // lstMessages' texts
-    QStringList items(const char* comboName);
+    void edit(int row) {                  // selects an entry and clicks "Edit"
+        select(row);
+        click("cmdEdit");
+    }
     void type(const QString& text);  // replaces the text box's text
-    // Picks the cboSpecial entry whose line begins with `code` + " - " and clicks "Add".
+    // The cboSpecial entry whose line begins with `code` + " - "; attach picks it and clicks
+    // "Add".
+    int specialIndex(const QString& code);
     void attach(const QString& code);
-    QStringList attached();  // lstSpecial's texts
-
-    // The next modal dialog the editor runs (a chooser) is given to `answer` instead of a
-    // person; it should press a button or close the dialog.
-    void onDialog(std::function<void(QDialog&)> answer);
-    int dialogsRun() const { return dialogsRun_; }
+    void selectAttached(int row);
 
   private:
-    QTemporaryDir dir_;
+    bool answer(QWidget& widget);
+
     std::unique_ptr<ui::frmMessages> window_;
-    std::deque<std::function<void(QDialog&)>> answers_;
-    int dialogsRun_ = 0;
+    std::deque<std::function<void(QWidget&)>> answers_;
+    int unexpectedRuns_ = 0;
+    ui::DialogRunner previousDialogs_;
+    ui::MenuRunner previousMenus_;
 };
 
 // A planet section: "[n]" then the lines, each ended by CR LF.

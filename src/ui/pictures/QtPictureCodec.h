@@ -1,0 +1,47 @@
+#pragma once
+// The pictures of the windows: a QImage behind the core's picture reference, and the codec that
+// reads and writes picture files with Qt. A system's planet pictures are stored as one strip,
+// one cell per planet (planet 1 leftmost); the strip is cut into its cells when a system is
+// opened and composed again when the system is saved with picture changes.
+
+#include <QImage>
+
+#include "session/PictureCodec.h"
+
+namespace orr::ui {
+
+class QtPicture : public orr::Picture {
+  public:
+    explicit QtPicture(QImage image) : image_(std::move(image)) {}
+    int width() const override { return image_.width(); }
+    int height() const override { return image_.height(); }
+    const QImage& image() const { return image_; }
+
+  private:
+    QImage image_;
+};
+
+// The image behind a reference; a null image for none (or a picture of another kind).
+QImage imageOf(const orr::PictureRef& picture);
+orr::PictureRef pictureOf(const QImage& image);  // null for a null image
+
+class QtPictureCodec : public orr::PictureCodec {
+  public:
+    // A cell of a saved strip has the size of the pictures window's display area; larger
+    // pictures are cut at the cell's right and bottom edges.
+    static constexpr int kCellWidth = 160;
+    static constexpr int kCellHeight = 120;
+
+    std::vector<orr::PictureRef> loadStrip(const std::filesystem::path& file, int count,
+                                           std::string* error) override;
+    bool saveStrip(const std::filesystem::path& file, const std::vector<orr::PictureRef>& pictures,
+                   std::string* error) override;
+    orr::PictureRef loadPicture(const std::filesystem::path& file, std::string* error) override;
+    bool savePicture(const std::filesystem::path& file, const orr::PictureRef& picture,
+                     std::string* error) override;
+
+    // The strip as it would be saved.
+    static QImage composeStrip(const std::vector<orr::PictureRef>& pictures);
+};
+
+}  // namespace orr::ui
