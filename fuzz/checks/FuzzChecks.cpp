@@ -36,7 +36,6 @@ int runCheck(Check check, const std::uint8_t* data, std::size_t size) {
     const std::string_view input(reinterpret_cast<const char*>(data), size);
     const std::string problem = check(input);
     if (problem.empty()) return 0;
-    if (check == checkMessageCodec && !knownOpenCodecCase(input).empty()) return 0;
     std::fprintf(stderr, "\n*** Disagreement: %s\n\n", problem.c_str());
     std::abort();
 }

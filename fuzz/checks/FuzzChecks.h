@@ -48,18 +48,6 @@ struct NamedCheck {
 // Every check under its target's name.
 const std::vector<NamedCheck>& allChecks();
 
-// The kinds of codec disagreement that are known and wait for a fix in the codec (issue 8,
-// items 6 and 7, and one found since): "condition before the answer tag" (a ship-system
-// condition is written after the tag, so the line offers another group), "answer group that
-// reads as a condition", "bracket inside an argument", "blanks before a prefix code" (read as
-// text, composed into a code), and "blanks at the end of the composed line" (the reader trims
-// the line, so a text's or an argument's last blanks go when it ends up last; a blank argument
-// goes with them). Returns the kind of the
-// input's line, empty when it is none of them. The codec's fuzz target lets inputs of these
-// kinds pass so that it keeps looking for others; the inputs kept for them lie in
-// tests/fuzz-regressions/MessageCodec/open/. Remove each kind once the codec handles it.
-std::string knownOpenCodecCase(std::string_view input);
-
 // For LLVMFuzzerTestOneInput: runs the check and aborts with its answer when it is not empty.
 int runCheck(Check check, const std::uint8_t* data, std::size_t size);
 

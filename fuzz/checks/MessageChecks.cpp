@@ -8,6 +8,7 @@
 #include "CheckSupport.h"
 #include "FuzzChecks.h"
 #include "messages/MessageCodec.h"
+#include "messages/MessageEditRules.h"
 #include "messages/SpecialCodeList.h"
 #include "text/Text.h"
 
@@ -114,10 +115,6 @@ std::string modelDifference(const MessageLine& a, const MessageLine& b) {
     return {};
 }
 
-bool hasBracket(std::string_view s) {
-    return s.find_first_of("()[]") != std::string_view::npos;
-}
-
 }  // namespace
 
 std::string checkMessageCodec(std::string_view input) {
@@ -130,8 +127,14 @@ std::string checkMessageCodec(std::string_view input) {
         return ComposeMessage(line, in.direction, in.group);
     };
     const MessageLine first = decode(in.line);
+    // A line the editor warns about (or refuses) before saving is the designer's choice.
+    if (!checkLineForSave(first, in.direction, in.group, codes).clean()) return {};
     const std::string stored = compose(first);
-    const MessageLine second = decode(stored);
+    MessageLine second = decode(stored);
+    // The game trims the blanks that end a stored value, so text blanks that end up last are
+    // never shown: nothing the player sees changed.
+    if (stored.ends_with(' ') && text::trimRight(first.text) == second.text)
+        second.text = first.text;
     const std::string where =
         shown(in.line) + " (group " + shown(in.group) + ") composes as " + shown(stored) + ": ";
 
@@ -148,45 +151,6 @@ std::string checkMessageCodec(std::string_view input) {
             return where + "the last *" + letter + " code led to " + shown(from) + " and now to " +
                    shown(to);
         }
-    }
-    return {};
-}
-
-std::string knownOpenCodecCase(std::string_view input) {
-    const CodecInput in = codecInput(input);
-    const MessageLine line = DecodeMessage(in.line, in.direction, in.group, shippedCodes());
-    const std::vector<std::string> tokens = actionTokens(in.line);
-    bool conditionSeen = false;
-    for (const std::string& token : tokens) {
-        if (IsSystemCondition(token)) {
-            conditionSeen = true;
-        } else if (conditionSeen && (token.starts_with("*R") || token.starts_with("*M"))) {
-            return "condition before the answer tag";
-        }
-    }
-    if (IsSystemCondition("*R" + storedGroupName(line.answerGroup))) {
-        return "answer group that reads as a condition";
-    }
-    std::string_view afterPrefixes = in.line;
-    bool bracket = false;
-    while (afterPrefixes.starts_with('%')) {
-        bracket = bracket || hasBracket(afterPrefixes.substr(0, 3));
-        afterPrefixes.remove_prefix(std::min<std::size_t>(3, afterPrefixes.size()));
-    }
-    for (std::size_t caret = in.line.find('^'); caret != std::string::npos;
-         caret = in.line.find('^', caret + 1)) {
-        bracket = bracket || hasBracket(std::string_view(in.line).substr(caret, 3));
-    }
-    if (bracket || std::any_of(tokens.begin(), tokens.end(), hasBracket)) {
-        return "bracket inside an argument";
-    }
-    const std::size_t first = afterPrefixes.find_first_not_of(' ');
-    if (first != 0 && first != std::string_view::npos &&
-        (afterPrefixes[first] == '%' || afterPrefixes[first] == '$')) {
-        return "blanks before a prefix code";
-    }
-    if (ComposeMessage(line, in.direction, in.group).ends_with(' ')) {
-        return "blanks at the end of the composed line";
     }
     return {};
 }

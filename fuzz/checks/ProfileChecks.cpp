@@ -28,7 +28,18 @@ using Lines = std::vector<ProfileDocument::Line>;
 
 std::string joined(const Lines& lines) {
     std::string out;
-    for (const ProfileDocument::Line& line : lines) out += line.text + line.eol;
+    for (const ProfileDocument::Line& line : lines) out += line.text + "\r\n";
+    return out;
+}
+
+// The file as a rewrite must leave it: every line ended by CR LF, whatever ended it before.
+std::string withCrLfEnds(std::string_view file) {
+    std::string out;
+    for (std::size_t at = 0; at < file.size();) {
+        const std::size_t end = std::min(file.find_first_of("\r\n", at), file.size());
+        out.append(file.substr(at, end - at)).append("\r\n");
+        at = end + (file.substr(end, 2) == "\r\n" ? 2 : 1);
+    }
     return out;
 }
 
@@ -113,6 +124,9 @@ Lines rawDeleteKey(const Lines& lines, const std::string& section, const std::st
 // lines; the header that ends it stays.
 Lines rawRemoveSection(const Lines& lines, int n) {
     if (n <= 0) return lines;
+    // A section also ends at the system block's marker (its first ";...SolarSystem" line).
+    std::size_t marker = 0;
+    while (marker < lines.size() && !ProfileDocument::isBlockMarker(lines[marker].text)) ++marker;
     Lines kept;
     std::size_t i = 0;
     while (i < lines.size()) {
@@ -123,7 +137,7 @@ Lines rawRemoveSection(const Lines& lines, int n) {
         }
         while (i < lines.size()) {
             const ProfileDocument::Line& inner = lines[i++];
-            if (startsRawSection(inner.text)) {
+            if (startsRawSection(inner.text) || i - 1 == marker) {
                 kept.push_back(inner);
                 break;
             }
@@ -187,7 +201,7 @@ std::string checkProfileEdits(std::string_view input) {
         split == std::string_view::npos ? std::string_view() : input.substr(split + 1);
 
     ProfileDocument doc = ProfileDocument::parse(file);
-    if (doc.serialize() != file) return "parsing and serializing changed the bytes";
+    if (doc.serialize() != withCrLfEnds(file)) return "parsing and serializing changed the bytes";
     const std::vector<std::string> names = namesOf(doc.lines());
     EditReader reader(edits, names);
     std::vector<std::pair<std::string, std::string>> used;

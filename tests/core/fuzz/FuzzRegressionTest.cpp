@@ -42,19 +42,5 @@ TEST(FuzzRegressions, EveryKeptInputPassesItsTargetsCheck) {
     }
 }
 
-// Codec disagreements that wait for the codec's fix: each must still be of a kind the codec's
-// fuzz target lets pass, or the target would stop at it. One that passes its check now is
-// fixed and belongs in MessageCodec/ itself.
-TEST(FuzzRegressions, OpenCodecCasesAreOfKnownKinds) {
-    for (const fs::path& input : inputsIn(kKept / "MessageCodec" / "open")) {
-        const std::string bytes = bytesOf(input);
-        if (fuzz::checkMessageCodec(bytes).empty()) {
-            ADD_FAILURE() << input << " passes now: move it to MessageCodec/";
-        } else {
-            EXPECT_NE(fuzz::knownOpenCodecCase(bytes), "") << input;
-        }
-    }
-}
-
 }  // namespace
 }  // namespace orr
