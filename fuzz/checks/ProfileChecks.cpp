@@ -192,6 +192,16 @@ std::string compareWithFresh(const ProfileDocument& doc,
     return {};
 }
 
+// A raw removal must leave what the line rules expect and report whether lines went.
+std::string removalProblem(const std::string& after, const std::string& expected,
+                           const std::string& before, bool removed) {
+    if (after != expected)
+        return "the file became " + shown(after) + " instead of " + shown(expected);
+    if (removed == (expected != before)) return {};
+    return removed ? "reported a removal that changed nothing"
+                   : "reported no removal but lines went";
+}
+
 }  // namespace
 
 std::string checkProfileEdits(std::string_view input) {
@@ -230,13 +240,7 @@ std::string checkProfileEdits(std::string_view input) {
                 const bool removed = doc.deleteKey(section, key);
                 const std::string expected =
                     joined(rawDeleteKey(ProfileDocument::parse(before).lines(), section, key));
-                if (doc.serialize() != expected) {
-                    problem = "the file became " + shown(doc.serialize()) + " instead of " +
-                              shown(expected);
-                } else if (removed != (expected != before)) {
-                    problem = removed ? "reported a removal that changed nothing"
-                                      : "reported no removal but lines went";
-                }
+                problem = removalProblem(doc.serialize(), expected, before, removed);
                 used.emplace_back(section, key);
                 break;
             }
@@ -246,13 +250,7 @@ std::string checkProfileEdits(std::string_view input) {
                 const bool removed = doc.removeNumberedSection(n);
                 const std::string expected =
                     joined(rawRemoveSection(ProfileDocument::parse(before).lines(), n));
-                if (doc.serialize() != expected) {
-                    problem = "the file became " + shown(doc.serialize()) + " instead of " +
-                              shown(expected);
-                } else if (removed != (expected != before)) {
-                    problem = removed ? "reported a removal that changed nothing"
-                                      : "reported no removal but lines went";
-                }
+                problem = removalProblem(doc.serialize(), expected, before, removed);
                 used.emplace_back(std::to_string(n), "");
                 break;
             }
