@@ -86,12 +86,8 @@ bool ProfileStore::writeValue(const fs::path& file, std::string_view section, st
 
 bool ProfileStore::rewrite(const fs::path& file,
                            const std::function<bool(ProfileDocument&)>& change) {
-    bool missing = false;
-    Entry* entry = load(file, &missing);
-    if (!entry) {
-        if (missing) return fail("The file " + quotedPath(file) + " does not exist.");
-        return false;
-    }
+    Entry* entry = loadExisting(file);
+    if (!entry) return false;
     bool changed = false;
     try {
         changed = change(entry->document);
@@ -119,12 +115,8 @@ std::shared_ptr<const std::string> ProfileStore::bytes(const fs::path& file) {
 
 bool ProfileStore::replaceBytes(const fs::path& file, std::string contents,
                                 const std::function<bool(ProfileDocument&)>& change) {
-    bool missing = false;
-    Entry* entry = load(file, &missing);
-    if (!entry) {
-        if (missing) return fail("The file " + quotedPath(file) + " does not exist.");
-        return false;
-    }
+    Entry* entry = loadExisting(file);
+    if (!entry) return false;
     std::string error;
     if (!writeFileAtomically(file, contents, &error)) {
         forget(file);
@@ -150,7 +142,9 @@ bool ProfileStore::replaceBytes(const fs::path& file, std::string contents,
 bool ProfileStore::setModificationTime(const fs::path& file, fs::file_time_type time) {
     std::error_code ec;
     fs::last_write_time(file, time, ec);
-    if (ec) return fail("The time of " + quotedPath(file) + " could not be set (" + ec.message() + ").");
+    if (ec)
+        return fail("The time of " + quotedPath(file) + " could not be set (" + ec.message() +
+                    ").");
     const auto cached = entries_.find(cacheKey(file));
     if (cached != entries_.end() && cached->second->onDisk && !cached->second->dirty) {
         const DiskState disk = examine(file);
@@ -168,12 +162,20 @@ void ProfileStore::forgetAll() {
     keys_.clear();
 }
 
+ProfileStore::Entry* ProfileStore::loadExisting(const fs::path& file) {
+    bool missing = false;
+    Entry* entry = load(file, &missing);
+    if (!entry && missing) fail("The file " + quotedPath(file) + " does not exist.");
+    return entry;
+}
+
 ProfileStore::Entry* ProfileStore::load(const fs::path& file, bool* missing) {
     if (missing) *missing = false;
     const fs::path key = cacheKey(file);
     const auto cached = entries_.find(key);
-    if (cached != entries_.end() && (cached->second->dirty ||
-                                     (cached->second->onDisk && cached->second->checkedRound == round_)))
+    if (cached != entries_.end() &&
+        (cached->second->dirty ||
+         (cached->second->onDisk && cached->second->checkedRound == round_)))
         return cached->second.get();
 
     const DiskState disk = examine(file);

@@ -95,6 +95,8 @@ class ProfileStore {
     // The cached entry of an existing file, read again when it changed on disk. nullptr when the
     // file is missing (*missing set) or cannot be read (lastError_ set).
     Entry* load(const fs::path& file, bool* missing = nullptr);
+    // load() for files that must be there already: a missing one is reported as the last error.
+    Entry* loadExisting(const fs::path& file);
     // Writes the entry now, or marks it for the end of the open batch.
     bool store(const fs::path& file, Entry& entry);
     bool writeToDisk(const fs::path& file, Entry& entry);
