@@ -93,6 +93,15 @@ std::vector<std::string> entryNames(const fs::path& folder) {
     return names;
 }
 
+std::map<std::string, std::string> snapshot(const fs::path& root) {
+    std::map<std::string, std::string> files;
+    for (const auto& entry : fs::recursive_directory_iterator(root)) {
+        if (entry.is_regular_file())
+            files[fs::relative(entry.path(), root).generic_string()] = readBytes(entry.path());
+    }
+    return files;
+}
+
 ReadOnlyFolder::ReadOnlyFolder(fs::path folder) : folder_(std::move(folder)) {
     fs::permissions(folder_, fs::perms::owner_read | fs::perms::owner_exec);
     if (geteuid() == 0) setImmutable(folder_, true);
