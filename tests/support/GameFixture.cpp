@@ -159,14 +159,6 @@ bool TempGameFolder::exists(std::string_view relative) const {
     return fs::exists(path(relative), error);
 }
 
-void TempGameFolder::writeSystemList(const std::vector<std::string>& lines) const {
-    write("SOLARSYS.TXT", crlf(lines));
-}
-
-void TempGameFolder::writeAliens(const std::vector<std::string>& names) const {
-    write("aliens.txt", crlf(names));
-}
-
 SystemRecord TempGameFolder::systemRecord(const std::string& name, int planets) {
     SystemRecord record;
     record.Name = name;

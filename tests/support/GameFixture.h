@@ -76,10 +76,6 @@ class TempGameFolder {
     std::string read(std::string_view relative) const;  // empty when missing
     bool exists(std::string_view relative) const;
 
-    // "SOLARSYS.TXT" and "aliens.txt" from lines, each ended by CR LF.
-    void writeSystemList(const std::vector<std::string>& lines) const;
-    void writeAliens(const std::vector<std::string>& names) const;
-
     // A custom system as New creates it and Add fills it: display name = name, star type 0,
     // planets of class A and size 2 on the orbits 400, 430, 460 ...
     static SystemRecord systemRecord(const std::string& name, int planets);

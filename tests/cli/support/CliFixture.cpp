@@ -11,10 +11,6 @@ QByteArray crlf(std::initializer_list<std::string_view> lines) {
     return QByteArray::fromStdString(orr::test::crlf(lines));
 }
 
-QString demoFolder() {
-    return QStringLiteral(ORRERION_SOURCE_DIR "/demo/game");
-}
-
 QByteArray vegaDescriptor() {
     return crlf({"[General]", "PlanetPics=YNN", "Messages=NYN", "", ";SolarSystem",
                  ";\"Vega                \",0,3", ";400,2,0,0,1,0", ";430,3,1,5,13,7",

@@ -23,9 +23,6 @@ struct CliResult {
 // Windows text: the lines joined with CR LF, each line ended by it.
 QByteArray crlf(std::initializer_list<std::string_view> lines);
 
-// The repository's demo game folder.
-QString demoFolder();
-
 // Vega: star type 0, three planets at 400, 430, 460; PlanetPics YNN, Messages NYN; a star
 // description; names for planets 1 and 3; sections [1] and [3].
 QByteArray vegaDescriptor();
