@@ -120,15 +120,17 @@ TEST_F(DescriptorBlockTest, WithoutABlockTheListOrTheRecordGivesThePlanetsAndNot
     EXPECT_TRUE(store.SaveSystemBlock());
     EXPECT_EQ(readDescriptor("Plain.orb"), text);
 
-    // A block after such a line is found all the same, and is the only thing a save replaces.
+    // A block after such a line is found all the same, and is the only thing a save replaces:
+    // 8-bit and NUL bytes stay, a line ended by LF alone ends in CR LF afterwards.
     Lines lines = nova();
-    lines.insert(lines.begin(), {"[Notes]", "About=my SolarSystem"});
-    writeDescriptor("Nova", crlf(lines));
+    lines.insert(lines.begin(),
+                 {"[Notes]", "About=my SolarSystem", std::string("Note=caf\xe9\0x", 11)});
+    writeDescriptor("Nova", crlf(lines).erase(7, 1));
     EXPECT_TRUE(store.LoadSystem("Nova").blockFound);
     store.record().planet(2).Moons = 9;
     ASSERT_TRUE(store.SaveSystemBlock()) << store.lastError();
-    lines[4] = ";\"Nova                \",5,2";
-    lines[6] = ";430,3,9,0,7,99";
+    lines[5] = ";\"Nova                \",5,2";
+    lines[7] = ";430,3,9,0,7,99";
     EXPECT_EQ(readDescriptor("Nova.orb"), crlf(lines));
 
     // A block that was read and is gone by the save is no success.
