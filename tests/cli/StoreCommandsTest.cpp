@@ -10,7 +10,6 @@
 #include <QtTest>
 
 #include "cli/support/CliFixture.h"
-#include "cli/support/SampleSystems.h"
 
 using orr::clitest::CliFixture;
 using orr::clitest::crlf;
@@ -92,7 +91,7 @@ class StoreCommandsTest : public QObject {
         const auto before = cli.snapshot();
         QVERIFY(cli.fails({"set", "Damaged", "1", "Info", "x"}).contains("damaged"));
         QVERIFY(!cli.fails({"add-planet", "Damaged"}).isEmpty());
-        QCOMPARE(cli.snapshot(), before);
+        QVERIFY(cli.snapshot() == before);
         QFile::remove(cli.path("SOLARSYS.TXT"));
         QCOMPARE(cli.ok({"offered"}), QByteArray());
     }
@@ -138,14 +137,11 @@ class StoreCommandsTest : public QObject {
             cli.fails({"encode-star", "A name far too long for the game"}).contains("too long"));
     }
 
+    // A key of the game's list starts from its record. (The refusals of new are the core's;
+    // that they reach the user shows in the working-copy test of the planet commands.)
     void newMakesASystem() {
-        cli.ok({"new", "4Harrow"});  // a key of the game's list starts from its record
+        cli.ok({"new", "4Harrow"});
         QVERIFY(cli.read("ORBDescriptor/4Harrow.orb").contains(";\"Harrow              \",0,4"));
-        const auto before = cli.snapshot();
-        QVERIFY(cli.fails({"new", "KESTREL"}).contains("exists"));
-        QCOMPARE(cli.fails({"new", "a/b"}),
-                 QString("A system name cannot contain the character '/'."));
-        QCOMPARE(cli.snapshot(), before);
     }
 
     void setAndDeleteKeyWriteThroughTheProfileLayer() {
@@ -164,7 +160,7 @@ class StoreCommandsTest : public QObject {
         }
         QCOMPARE(cli.fails({"delete-key", "Vega", "a]b", "Info"}),
                  QString("A section name cannot be empty or hold ']' or a line break."));
-        QCOMPARE(cli.snapshot(), before);
+        QVERIFY(cli.snapshot() == before);
     }
 
     void setNameAndSetFlagChangeOnePlanet() {
@@ -174,13 +170,11 @@ class StoreCommandsTest : public QObject {
                  vegaWith("Messages=NYN", "Messages=NYY").replace("[1]", "2=Second\r\n[1]"));
 
         const auto before = cli.snapshot();
-        QCOMPARE(cli.fails({"set-name", "Vega", "4", "x"}),
-                 QString("There is no planet 4 in 'Vega': it has 3 planets."));
         QCOMPARE(cli.fails({"set-flag", "Vega", "Pictures", "1", "yes"}),
                  QString("Unknown flag key 'Pictures': use PlanetPics or Messages."));
         QCOMPARE(cli.fails({"set-flag", "Vega", "Messages", "1", "maybe"}),
                  QString("The flag value must be yes or no, not 'maybe'."));
-        QCOMPARE(cli.snapshot(), before);
+        QVERIFY(cli.snapshot() == before);
     }
 
     void renameSavesUnderTheNewNameAndKeepsTheOldSystem() {
@@ -195,7 +189,7 @@ class StoreCommandsTest : public QObject {
         const auto before = cli.snapshot();
         QCOMPARE(cli.fails({"rename", "Vega", "kestrel"}),
                  QString("A system named \"Kestrel\" already exists."));
-        QCOMPARE(cli.snapshot(), before);
+        QVERIFY(cli.snapshot() == before);
         // A new spelling respells the system itself.
         cli.ok({"rename", "vega", "VEGA"});
         QCOMPARE(QDir(cli.path("ORBDescriptor")).entryList({"vega.orb"}), QStringList{"VEGA.orb"});

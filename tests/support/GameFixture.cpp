@@ -93,6 +93,15 @@ std::vector<std::string> entryNames(const fs::path& folder) {
     return names;
 }
 
+std::map<std::string, std::string> snapshot(const fs::path& root) {
+    std::map<std::string, std::string> files;
+    for (const auto& entry : fs::recursive_directory_iterator(root)) {
+        if (entry.is_regular_file())
+            files[fs::relative(entry.path(), root).generic_string()] = readBytes(entry.path());
+    }
+    return files;
+}
+
 ReadOnlyFolder::ReadOnlyFolder(fs::path folder) : folder_(std::move(folder)) {
     fs::permissions(folder_, fs::perms::owner_read | fs::perms::owner_exec);
     if (geteuid() == 0) setImmutable(folder_, true);
@@ -148,14 +157,6 @@ std::string TempGameFolder::read(std::string_view relative) const {
 bool TempGameFolder::exists(std::string_view relative) const {
     std::error_code error;
     return fs::exists(path(relative), error);
-}
-
-void TempGameFolder::writeSystemList(const std::vector<std::string>& lines) const {
-    write("SOLARSYS.TXT", crlf(lines));
-}
-
-void TempGameFolder::writeAliens(const std::vector<std::string>& names) const {
-    write("aliens.txt", crlf(names));
 }
 
 SystemRecord TempGameFolder::systemRecord(const std::string& name, int planets) {

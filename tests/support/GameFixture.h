@@ -10,6 +10,7 @@
 
 #include <filesystem>
 #include <initializer_list>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -25,10 +26,13 @@ namespace fs = std::filesystem;
 std::string crlf(std::initializer_list<std::string_view> lines);
 std::string crlf(const std::vector<std::string>& lines);
 
-std::string readBytes(const fs::path& file);  // empty when missing
+std::string readBytes(const fs::path& file);                    // empty when missing
 void writeBytes(const fs::path& file, std::string_view bytes);  // creates missing folders
 // The names of the folder's entries, sorted.
 std::vector<std::string> entryNames(const fs::path& folder);
+// Every file below the folder (relative path, "/" between folders) with its bytes, for "as it
+// was" checks.
+std::map<std::string, std::string> snapshot(const fs::path& root);
 
 // Makes a folder read-only for its lifetime: no file can be created, renamed or deleted in it.
 // Permissions do not bind root, so for root the folder is also made immutable where the file
@@ -71,10 +75,6 @@ class TempGameFolder {
     void write(std::string_view relative, std::string_view bytes) const;
     std::string read(std::string_view relative) const;  // empty when missing
     bool exists(std::string_view relative) const;
-
-    // "SOLARSYS.TXT" and "aliens.txt" from lines, each ended by CR LF.
-    void writeSystemList(const std::vector<std::string>& lines) const;
-    void writeAliens(const std::vector<std::string>& names) const;
 
     // A custom system as New creates it and Add fills it: display name = name, star type 0,
     // planets of class A and size 2 on the orbits 400, 430, 460 ...

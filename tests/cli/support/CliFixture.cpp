@@ -1,75 +1,46 @@
 #include "cli/support/CliFixture.h"
 
-#include <QDir>
-#include <QDirIterator>
-#include <QFile>
-#include <QFileInfo>
 #include <QProcess>
 #include <QtTest>
-#include <filesystem>
-#include <system_error>
 
 namespace orr::clitest {
 
-QByteArray crlf(std::initializer_list<const char*> lines) {
-    QByteArray bytes;
-    for (const char* line : lines) bytes += QByteArray(line) + "\r\n";
-    return bytes;
+namespace fs = std::filesystem;
+
+QByteArray crlf(std::initializer_list<std::string_view> lines) {
+    return QByteArray::fromStdString(orr::test::crlf(lines));
 }
 
-QString demoFolder() {
-    return QStringLiteral(ORRERION_SOURCE_DIR "/demo/game");
+QByteArray vegaDescriptor() {
+    return crlf({"[General]", "PlanetPics=YNN", "Messages=NYN", "", ";SolarSystem",
+                 ";\"Vega                \",0,3", ";400,2,0,0,1,0", ";430,3,1,5,13,7",
+                 ";460,4,2,9,14,0", "[Names]", "S=Bright star", "1=First", "3=Third", "[1]",
+                 "Info=one", "[3]", "Info=three"});
 }
 
-CliFixture::CliFixture() {
+void CliFixture::freshFolder() {
+    folder_ =
+        std::make_unique<orr::test::TempGameFolder>(orr::test::TempGameFolder::Contents::Bare);
+}
+
+void CliFixture::demoCopy() {
     freshFolder();
-}
-
-CliFixture::~CliFixture() {
-    removeFolder();
-}
-
-// Qt cannot name files whose names are Windows-1252 bytes rather than UTF-8, so QTemporaryDir
-// would leave them behind; the standard library removes them by their bytes.
-void CliFixture::removeFolder() {
-    if (!dir_) return;
-    std::error_code error;
-    std::filesystem::remove_all(QFile::encodeName(dir_->path()).toStdString(), error);
-    dir_.reset();
-}
-
-QString CliFixture::freshFolder() {
-    removeFolder();
-    dir_ = std::make_unique<QTemporaryDir>();
-    game_ = dir_->path() + "/game";
-    QDir().mkpath(game_ + "/ORBDescriptor");
-    write("voidrunner.exe", "stand-in\r\n");
-    return game_;
-}
-
-QString CliFixture::demoCopy() {
-    namespace fs = std::filesystem;
-    freshFolder();
-    const fs::path target = QFile::encodeName(game_).toStdString();
-    fs::copy(QFile::encodeName(demoFolder()).toStdString(), target,
+    const fs::path target = folder_->root();
+    fs::copy(ORRERION_SOURCE_DIR "/demo/game", target,
              fs::copy_options::recursive | fs::copy_options::overwrite_existing);
     // Copies keep the source's read-only bits; the tests change the files.
     for (const auto& entry : fs::recursive_directory_iterator(target))
         fs::permissions(entry.path(), fs::perms::owner_write, fs::perm_options::add);
-    return game_;
-}
-
-QString CliFixture::path(const QString& relative) const {
-    return game_ + "/" + relative;
 }
 
 CliResult CliFixture::run(const QStringList& args, bool withGameDir, const QString& workDir,
                           const QByteArray& input) const {
     CliResult result;
     QProcess process;
-    process.setWorkingDirectory(workDir.isEmpty() ? dir_->path() : workDir);
+    process.setWorkingDirectory(
+        workDir.isEmpty() ? QString::fromStdString(fs::temp_directory_path().string()) : workDir);
     QStringList all;
-    if (withGameDir) all << "--game-dir" << game_;
+    if (withGameDir) all << "--game-dir" << game();
     process.start(QStringLiteral(ORRERION_BINARY_DIR "/bin/orrerion-cli"), all + args);
     process.write(input);
     process.closeWriteChannel();
@@ -111,30 +82,11 @@ QString CliFixture::fails(const QStringList& args) const {
 }
 
 QByteArray CliFixture::read(const QString& relative) const {
-    QFile file(path(relative));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    return QByteArray::fromStdString(folder_->read(relative.toStdString()));
 }
 
 void CliFixture::write(const QString& relative, const QByteArray& bytes) const {
-    QDir().mkpath(QFileInfo(path(relative)).path());
-    QFile file(path(relative));
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) || file.write(bytes) != bytes.size())
-        QTest::qFail(qPrintable("cannot write " + relative), __FILE__, __LINE__);
-}
-
-bool CliFixture::exists(const QString& relative) const {
-    return QFileInfo::exists(path(relative));
-}
-
-QMap<QString, QByteArray> CliFixture::snapshot() const {
-    QMap<QString, QByteArray> files;
-    QDirIterator it(game_, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
-    while (it.hasNext()) {
-        QFile file(it.next());
-        files.insert(QDir(game_).relativeFilePath(file.fileName()),
-                     file.open(QIODevice::ReadOnly) ? file.readAll() : "<unreadable>");
-    }
-    return files;
+    folder_->write(relative.toStdString(), bytes.toStdString());
 }
 
 }  // namespace orr::clitest

@@ -1,14 +1,16 @@
 #pragma once
 // Shared by the command-line tests: runs the built orrerion-cli in a fresh temporary game folder
-// (a copy of the demo folder, or one made by hand) and reads the folder's files back as bytes.
+// (tests/support's TempGameFolder, bare or a copy of the demo folder) and reads the folder's
+// files back as bytes.
 
 #include <QByteArray>
-#include <QMap>
 #include <QString>
 #include <QStringList>
-#include <QTemporaryDir>
 #include <initializer_list>
+#include <map>
 #include <memory>
+
+#include "support/GameFixture.h"
 
 namespace orr::clitest {
 
@@ -19,28 +21,28 @@ struct CliResult {
 };
 
 // Windows text: the lines joined with CR LF, each line ended by it.
-QByteArray crlf(std::initializer_list<const char*> lines);
+QByteArray crlf(std::initializer_list<std::string_view> lines);
 
-// The repository's demo game folder.
-QString demoFolder();
+// Vega: star type 0, three planets at 400, 430, 460; PlanetPics YNN, Messages NYN; a star
+// description; names for planets 1 and 3; sections [1] and [3].
+QByteArray vegaDescriptor();
 
 class CliFixture {
   public:
-    CliFixture();
-    ~CliFixture();
-    CliFixture(const CliFixture&) = delete;
-    CliFixture& operator=(const CliFixture&) = delete;
+    CliFixture() { freshFolder(); }
 
-    // A new empty game folder (only voidrunner.exe and ORBDescriptor/), replacing the last one.
-    QString freshFolder();
+    // A new bare game folder (voidrunner.exe, ORBDescriptor, PICTURES), replacing the last one.
+    void freshFolder();
     // A new copy of the demo game folder.
-    QString demoCopy();
+    void demoCopy();
 
-    const QString& game() const { return game_; }
-    QString path(const QString& relative) const;
+    const orr::test::TempGameFolder& folder() const { return *folder_; }
+    QString game() const { return QString::fromStdString(folder_->root().string()); }
+    QString path(const QString& relative) const { return game() + "/" + relative; }
 
-    // Runs orrerion-cli --game-dir <game> args... (workDir: the current folder of the run;
-    // withGameDir false leaves --game-dir out; input: the bytes on standard input).
+    // Runs orrerion-cli --game-dir <game> args... (workDir: the current folder of the run, by
+    // default one that is no game folder; withGameDir false leaves --game-dir out; input: the
+    // bytes on standard input).
     CliResult run(const QStringList& args, bool withGameDir = true,
                   const QString& workDir = QString(), const QByteArray& input = {}) const;
     // Runs and requires exit code 0 and an empty stderr; returns stdout.
@@ -51,16 +53,14 @@ class CliFixture {
 
     QByteArray read(const QString& relative) const;
     void write(const QString& relative, const QByteArray& bytes) const;
-    bool exists(const QString& relative) const;
-
+    bool exists(const QString& relative) const { return folder_->exists(relative.toStdString()); }
     // Every file below the game folder with its bytes, for "nothing changed" checks.
-    QMap<QString, QByteArray> snapshot() const;
+    std::map<std::string, std::string> snapshot() const {
+        return orr::test::snapshot(folder_->root());
+    }
 
   private:
-    std::unique_ptr<QTemporaryDir> dir_;
-    QString game_;
-
-    void removeFolder();
+    std::unique_ptr<orr::test::TempGameFolder> folder_;
 };
 
 }  // namespace orr::clitest

@@ -58,52 +58,80 @@ TEST(MessageCodec, ComposesTheWelcomeExampleAndReadsItBack) {
     EXPECT_EQ(back.specials.at(0).line(), "*SF - Sets flag [B]");
 }
 
-TEST(MessageCodec, DefaultsWriteNoCodesAndNeverIsKept) {
+// Read and written back, a line takes the editor's form: defaults, tags to the own group and
+// codes the list does not know go, the parts stand in their order.
+TEST(MessageCodec, LinesAreWrittenBackInTheEditorsForm) {
+    const auto m = Direction::Message;
+    const auto r = Direction::Response;
+    const struct {
+        const char* stored;
+        Direction direction;
+        const char* group;
+        const char* written;
+    } cases[] = {
+        {"%W9%09Hi", m, "Hail", "%W9%09Hi"},
+        {"%00Hi", m, "Hail", "%00Hi"},                              // never is no default
+        {"Back to the start*R", m, "Hail", "Back to the start*R"},  // "*R" alone: to INIT
+        {"Hello*RHail", m, "Hail", "Hello"},                        // a tag to the own group
+        {"Hello*R", m, "", "Hello"},  // INIT as the own group is the empty name
+        {"Yes*MTrade", r, "Hail", "Yes*MTrade"},
+        {"Yes*RTrade", r, "Hail", "Yes*MTrade"},
+        // The game takes a message's last "R" code for its answer: a tag read before the
+        // conditions moves behind them (the save warns), one to the own group stays only where
+        // it decided. (That the rest keep their meaning is LineRoundTripTest's.)
+        {"Hm*RTrade*RS3", m, "Hail", "Hm*RS3*RTrade"},
+        {"Hm*RHail*RS3", m, "Hail", "Hm*RS3"},
+        {"Hm*RS3*RHail", m, "Hail", "Hm*RS3*RHail"},
+        {"Fix it*RS3", r, "Hail", "Fix it*RS3"},  // in a response the condition keeps its letter
+        {"Hello %NM, welcome", m, "Hail", "Hello %NM, welcome"},
+        {"Hi^QQ*XYZ12*SFC", m, "Hail", "Hi*SFC"},  // unknown codes are dropped
+        // Suffix codes after the text, then the tag, then the actions; text after a "^" is lost.
+        {"Take this ^EN gift*RTrade*+EN250", m, "Hail", "Take this ^EN*RTrade*+EN250"},
+        // Each prefix code goes in front of the ones before it, so their order turns round.
+        {"%FA%GN%W2Go", m, "Hail", "%GN%FA%W2Go"},
+        {"$Captain's Log$Day one", m, "Hail", "$Captain's Log$Day one"},
+        {"$$Untitled", m, "Hail", "$$Untitled"},
+        {"$5 for a drink", m, "Hail", "$5 for a drink"},  // a single "$" opens no prefix
+        {"%05ERR", m, "Hail", "%05ERR"},  // only a whole line "ERR" is a missing key
+        {"Life: *lots*", Direction::Information, "", "Life: *lots*"},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(roundTrip(c.stored, c.direction, c.group), c.written) << c.stored;
+
+    // Out-of-range model values are written within the scroll bars' ranges.
     MessageLine line;
     line.text = "Hi";
     EXPECT_EQ(ComposeMessage(line, Direction::Message, "INIT"), "Hi");
+    line.wait = 12;
+    line.percent = -3;
+    EXPECT_EQ(ComposeMessage(line, Direction::Message, "INIT"), "%W9%00Hi");
+    EXPECT_EQ(AnswerTag("INIT", Direction::Response, "Hail"), "*M");
+}
+
+TEST(MessageCodec, DecodedLinesShowTheEditorsModel) {
     const MessageLine plain = decode("Hi");
     EXPECT_EQ(plain.percent, 10);
     EXPECT_EQ(plain.title, "Message from Planet:");
     EXPECT_EQ(plain.answerGroup, "Hail");
-    EXPECT_EQ(decode("%00Hi").percent, 0);
-    EXPECT_EQ(roundTrip("%W9%09Hi"), "%W9%09Hi");
-    // Out-of-range model values are written within the scroll bars' ranges.
-    line.wait = 12;
-    line.percent = -3;
-    EXPECT_EQ(ComposeMessage(line, Direction::Message, "INIT"), "%W9%00Hi");
-}
-
-TEST(MessageCodec, AnswerTagsFollowDirectionAndGroup) {
-    // "*R" alone names INIT and is written back alone.
     EXPECT_EQ(decode("Back to the start*R").answerGroup, "INIT");
-    EXPECT_EQ(roundTrip("Back to the start*R"), "Back to the start*R");
-    // A tag naming the own group is not written; INIT as the own group is the empty name.
-    EXPECT_EQ(roundTrip("Hello*RHail"), "Hello");
-    EXPECT_EQ(roundTrip("Hello*R", Direction::Message, ""), "Hello");
-    // Responses carry "*M"; a message's "*M" is read as its answer tag too.
-    EXPECT_EQ(roundTrip("Yes*MTrade", Direction::Response), "Yes*MTrade");
-    EXPECT_EQ(roundTrip("Yes*RTrade", Direction::Response), "Yes*MTrade");
-    EXPECT_EQ(AnswerTag("INIT", Direction::Response, "Hail"), "*M");
-}
-
-TEST(MessageCodec, SystemConditionsAreNeverAnswerTags) {
+    EXPECT_EQ(decode("$Captain's Log$Day one").title, "Captain's Log");
+    EXPECT_EQ(decode("$box$x").display, DisplayMode::Custom);
+    EXPECT_EQ(decode("ERR").text, "");
+    EXPECT_EQ(decode("").answerGroup, "Hail");
+    EXPECT_EQ(DecodeMessage("ERR", Direction::Information, "", codes()).text, "");
+    EXPECT_EQ(DecodeMessage("Hi", Direction::Information, "", codes()).answerGroup, "");
+    // System conditions are never answer tags; without a digit the token is a tag to "Sx".
     const MessageLine line = decode("Your engines look bad*RS3*R!S4");
     EXPECT_EQ(line.answerGroup, "Hail");
     EXPECT_EQ(storedCodes(line), (std::vector<std::string>{"*RS3", "*R!S4"}));
-    // The game takes a message's last "R" code for its answer: a tag read after the conditions
-    // stays after them, one read before them moves behind them (the save warns), and a tag to
-    // the own group is kept only where it decided.
-    for (const char* stored : {"Hm*RS3*RTrade", "Hm*DS1*R!S3*RTrade*SFA", "Hm*RS3*RHail", "Hm*RS3"})
-        EXPECT_EQ(roundTrip(stored), stored);
-    EXPECT_EQ(roundTrip("Hm*RTrade*RS3"), "Hm*RS3*RTrade");
     EXPECT_EQ(decode("Hm*RTrade*RS3").answerCondition, "*RS3");
-    EXPECT_EQ(roundTrip("Hm*RHail*RS3"), "Hm*RS3");
-    // In a response the condition keeps its letter.
-    EXPECT_EQ(roundTrip("Fix it*RS3", Direction::Response), "Fix it*RS3");
-    // Without a digit the token is an answer tag to the group "S" or "Sx".
     EXPECT_EQ(decode("Hm*RSx").answerGroup, "Sx");
     EXPECT_FALSE(IsSystemCondition("*RS"));
+    // Text that begins with "%" is read as a code too; unknown codes are reported.
+    EXPECT_EQ(decode("%NM, welcome aboard").droppedCodes, std::vector<std::string>{"%NM"});
+    EXPECT_EQ(decode("Hi^QQ*XYZ12*SFC").droppedCodes, (std::vector<std::string>{"*XYZ12", "^QQ"}));
+    EXPECT_EQ(decode("Take this ^EN gift*RTrade*+EN250").text, "Take this ");
+    EXPECT_EQ(storedCodes(decode("%FA%GN%W2Go")), (std::vector<std::string>{"%FA", "%GN"}));
 }
 
 TEST(MessageCodec, LongerCodesWinOverTheCodesTheyExtend) {
@@ -115,49 +143,6 @@ TEST(MessageCodec, LongerCodesWinOverTheCodesTheyExtend) {
     const MessageLine line = DecodeMessage("Boom*D!S3", Direction::Message, "Hail", wrongOrder);
     EXPECT_EQ(line.specials.at(0).code(), "*D");
     EXPECT_EQ(ComposeMessage(line, Direction::Message, "Hail"), "Boom*D!S3");
-}
-
-TEST(MessageCodec, UnknownCodesAreDroppedAndReported) {
-    // Text that begins with "%" is read as a code too.
-    EXPECT_EQ(decode("%NM, welcome aboard").droppedCodes, std::vector<std::string>{"%NM"});
-    EXPECT_EQ(roundTrip("Hello %NM, welcome"), "Hello %NM, welcome");
-    const MessageLine line = decode("Hi^QQ*XYZ12*SFC");
-    EXPECT_EQ(storedCodes(line), std::vector<std::string>{"*SFC"});
-    EXPECT_EQ(line.droppedCodes, (std::vector<std::string>{"*XYZ12", "^QQ"}));
-    EXPECT_EQ(ComposeMessage(line, Direction::Message, "Hail"), "Hi*SFC");
-}
-
-TEST(MessageCodec, PartsAreWrittenInTheirOrder) {
-    // Suffix codes after the text, then the tag, then the actions; text after a "^" is lost.
-    const std::string stored = "Take this ^EN gift*RTrade*+EN250";
-    const MessageLine line = decode(stored);
-    EXPECT_EQ(line.text, "Take this ");
-    EXPECT_EQ(storedCodes(line), (std::vector<std::string>{"*+EN250", "^EN"}));
-    EXPECT_EQ(ComposeMessage(line, Direction::Message, "Hail"), "Take this ^EN*RTrade*+EN250");
-    // Each prefix code goes in front of the ones before it, so their order turns round.
-    const MessageLine prefixed = decode("%FA%GN%W2Go");
-    EXPECT_EQ(storedCodes(prefixed), (std::vector<std::string>{"%FA", "%GN"}));
-    EXPECT_EQ(ComposeMessage(prefixed, Direction::Message, "Hail"), "%GN%FA%W2Go");
-}
-
-TEST(MessageCodec, DisplayPrefixes) {
-    const MessageLine custom = decode("$Captain's Log$Day one");
-    EXPECT_EQ(custom.title, "Captain's Log");
-    EXPECT_EQ(roundTrip("$Captain's Log$Day one"), "$Captain's Log$Day one");
-    EXPECT_EQ(roundTrip("$$Untitled"), "$$Untitled");
-    EXPECT_EQ(decode("$box$x").display, DisplayMode::Custom);
-    // A single "$" opens no prefix: it stays in the text.
-    EXPECT_EQ(roundTrip("$5 for a drink"), "$5 for a drink");
-}
-
-TEST(MessageCodec, MissingLinesAndInformation) {
-    EXPECT_EQ(decode("ERR").text, "");
-    EXPECT_EQ(roundTrip("%05ERR"), "%05ERR");  // only a whole line "ERR" is a missing key
-    EXPECT_EQ(decode("").answerGroup, "Hail");
-    const MessageLine info = DecodeMessage("Life: *lots*", Direction::Information, "", codes());
-    EXPECT_EQ(info.answerGroup, "");
-    EXPECT_EQ(ComposeMessage(info, Direction::Information, ""), "Life: *lots*");
-    EXPECT_EQ(DecodeMessage("ERR", Direction::Information, "", codes()).text, "");
 }
 
 TEST(MessageCodec, LengthLimit) {

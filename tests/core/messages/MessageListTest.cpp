@@ -3,15 +3,11 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <random>
-
 #include "core/messages/support/MemoryMessageStore.h"
 #include "messages/Flags.h"
 #include "messages/MessageList.h"
 #include "messages/PlanetMessageStore.h"
+#include "support/GameFixture.h"
 
 namespace orr {
 namespace {
@@ -126,35 +122,19 @@ TEST(Flags, DescriptionsAndChooserItems) {
     EXPECT_FALSE(SaveFlagDescription(store, 'D', "x"));
 }
 
-namespace fs = std::filesystem;
-
 // A planet's keys in a real descriptor: reads ignore the custom-messages switch, empty values
 // delete, and list changes keep the rest of the file.
 class PlanetMessageStoreTest : public ::testing::Test {
   protected:
-    fs::path root;
-    fs::path descriptor;
-    SystemStore system;
-
     void SetUp() override {
-        std::random_device random;
-        root = fs::temp_directory_path() / ("orr-planet-" + std::to_string(random()));
-        fs::create_directories(root / "ORBDescriptor");
-        std::ofstream(root / "voidrunner.exe") << "MZ";
-        descriptor = root / "ORBDescriptor" / "Kestrel.orb";
-        std::ofstream(descriptor, std::ios::binary)
-            << "[General]\r\nPlanetPics=NN\r\nMessages=NN\r\n\r\n;SolarSystem\r\n"
-               ";\"Kestrel             \",0,2\r\n;400,2,0,0,1,0\r\n;430,2,0,0,1,0\r\n"
-               "[2]\r\nMessages=1\r\nMessage1=Welcome\r\n";
-        system.setFolder(GameFolder(root));
+        game.writeDescriptor(test::TempGameFolder::systemRecord("Kestrel", 2),
+                             test::crlf({"[2]", "Messages=1", "Message1=Welcome"}));
         system.LoadSystem("Kestrel");
     }
-    void TearDown() override { fs::remove_all(root); }
+    std::string file() const { return game.read("ORBDescriptor/Kestrel.orb"); }
 
-    std::string file() const {
-        std::ifstream in(descriptor, std::ios::binary);
-        return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-    }
+    test::TempGameFolder game;
+    SystemStore system{game.folder()};
 };
 
 TEST_F(PlanetMessageStoreTest, ReadsWhateverTheSwitchSaysAndKeepsTheDescriptorWhole) {

@@ -93,7 +93,10 @@ TEST(ShippedSpecialList, EntriesAreWellFormed) {
         EXPECT_TRUE(headings.count(heading)) << heading;
 }
 
-TEST(ShippedSpecialList, SystemCodesOpenTheSystemChooser) {
+// The damage, repair and condition codes choose a ship system; the game reads "*RS3" as a
+// restriction and also as a change of the responses offered (to the group "S3"), so a designer
+// who wants only the damage test is sent to the plain condition.
+TEST(ShippedSpecialList, SystemCodesOpenTheSystemChooserAndConditionsSayWhatElseTheyDo) {
     for (const char* code : {"*D", "*D!", "*F", "*F!", "*R", "*R!"}) {
         const SpecialEntry* entry = shippedCodes().findEntry(code);
         ASSERT_NE(entry, nullptr) << code;
@@ -101,17 +104,11 @@ TEST(ShippedSpecialList, SystemCodesOpenTheSystemChooser) {
     }
     EXPECT_EQ(shippedCodes().findEntry("*SF")->argumentEditor().kind,
               ArgumentEditorKind::FlagChooser);
-}
-
-TEST(ShippedSpecialList, SystemConditionsTellWhatElseTheyDo) {
-    // The game reads "*RS3" as a restriction and also as a change of the responses offered (to
-    // the group "S3"): a designer who wants only the damage test must be sent to the condition.
     for (const auto& [code, plainCondition] : {std::pair{"*R", "%47"}, std::pair{"*R!", "%49"}}) {
-        SCOPED_TRACE(code);
         const std::string description = shippedCodes().findEntry(code)->explanation();
-        EXPECT_NE(description.find("responses"), std::string::npos);
-        EXPECT_NE(description.find(plainCondition), std::string::npos);
-        ASSERT_NE(shippedCodes().findEntry(plainCondition), nullptr);
+        EXPECT_NE(description.find("responses"), std::string::npos) << code;
+        EXPECT_NE(description.find(plainCondition), std::string::npos) << code;
+        EXPECT_NE(shippedCodes().findEntry(plainCondition), nullptr) << code;
     }
 }
 

@@ -15,15 +15,6 @@ namespace {
 
 using Files = std::map<std::string, std::string>;
 
-Files snapshot(const fs::path& root) {
-    Files files;
-    for (const auto& entry : fs::recursive_directory_iterator(root)) {
-        if (entry.is_regular_file())
-            files[fs::relative(entry.path(), root).string()] = readBytes(entry.path());
-    }
-    return files;
-}
-
 struct Change {
     const char* name;
     bool opened;  // the editor has the system open before the change (not part of it)
@@ -50,10 +41,12 @@ const Change kChanges[] = {
          if (!ok && s.isOpen()) s.discard();
          return ok;
      }},
-    {"an edit saved", true, [](EditSession& s) { return setPlanetName(s, 1, "Ember") && s.save(); }},
+    {"an edit saved", true,
+     [](EditSession& s) { return setPlanetName(s, 1, "Ember") && s.save(); }},
     {"Save As", true, [](EditSession& s) { return s.saveAs("Vega"); }},
     {"Delete", false, [](EditSession& s) { return deleteSystem(s, "Sol"); }},
-    {"New", false, [](EditSession& s) {
+    {"New", false,
+     [](EditSession& s) {
          std::string error;
          const bool made = createSystem(s.folder(), "Nova", NewSystemAnswer::CustomName, &error);
          if (!made) s.fail(error);
@@ -68,7 +61,9 @@ TEST(FileFailureTest, EveryFileIsAsItWasOrAsTheChangeLeavesIt) {
         Files after;
         {
             EditSession session(done.folder());
-            if (change.opened) ASSERT_TRUE(open(session));
+            if (change.opened) {
+                ASSERT_TRUE(open(session));
+            }
             ASSERT_TRUE(change.run(session)) << change.name << ": " << session.lastError();
             session.close();
             after = snapshot(done.root());
@@ -77,7 +72,9 @@ TEST(FileFailureTest, EveryFileIsAsItWasOrAsTheChangeLeavesIt) {
             TempGameFolder game;
             prepare(game);
             EditSession session(game.folder());
-            if (change.opened) ASSERT_TRUE(open(session));
+            if (change.opened) {
+                ASSERT_TRUE(open(session));
+            }
             const Files before = snapshot(game.root());
             injectFileFailure(failing);
             const bool ok = change.run(session);
@@ -102,16 +99,23 @@ TEST(FileFailureTest, EveryFileIsAsItWasOrAsTheChangeLeavesIt) {
                 const bool leftBackup =
                     ok && !warning.empty() && file.ends_with(".edt") &&
                     actual == find(after, file.substr(0, file.size() - 4) + ".orb");
-                EXPECT_TRUE(actual == find(before, file) || actual == find(after, file) || leftBackup)
-                    << what << "\n  " << file << " is neither as it was nor as the change leaves it";
-                EXPECT_FALSE(file.ends_with(".tmp")) << what << "\n  a temporary file stayed: " << file;
+                EXPECT_TRUE(actual == find(before, file) || actual == find(after, file) ||
+                            leftBackup)
+                    << what << "\n  " << file
+                    << " is neither as it was nor as the change leaves it";
+                EXPECT_FALSE(file.ends_with(".tmp"))
+                    << what << "\n  a temporary file stayed: " << file;
             }
-            if (!ok) EXPECT_FALSE(session.lastError().empty()) << what;
+            if (!ok) {
+                EXPECT_FALSE(session.lastError().empty()) << what;
+            }
             if (operations < failing) {
                 EXPECT_TRUE(ok) << what;  // the failure came after the last operation
                 break;
             }
-            if (ok && warning.empty()) EXPECT_EQ(now, after) << what << " reported success";
+            if (ok && warning.empty()) {
+                EXPECT_EQ(now, after) << what << " reported success";
+            }
         }
     }
 }

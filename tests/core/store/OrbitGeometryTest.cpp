@@ -25,42 +25,38 @@ double degrees(double radians) {
     return radians * 180 / OrbitGeometry::kPi;
 }
 
-TEST(OrbitGeometryTest, FourPlanetsStandAtQuarterTurns) {
+TEST(OrbitGeometryTest, PlanetsStandAtEqualTurnsAndArePickedByDiscThenOrbit) {
+    const SystemRecord four = systemWithOrbits({400, 430, 460, 490});
     EXPECT_NEAR(degrees(OrbitGeometry::planetAngle(1, 4)), 90, 1e-9);
-    EXPECT_NEAR(degrees(OrbitGeometry::planetAngle(2, 4)), 180, 1e-9);
-    EXPECT_NEAR(degrees(OrbitGeometry::planetAngle(3, 4)), 270, 1e-9);
     EXPECT_NEAR(degrees(OrbitGeometry::planetAngle(4, 4)), 360, 1e-9);
-
-    const SystemRecord record = systemWithOrbits({400, 430, 460, 490});
-    const auto first = OrbitGeometry::planetCentre(record, 1);  // straight below the star
+    const auto first = OrbitGeometry::planetCentre(four, 1);  // straight below the star
     EXPECT_NEAR(first.x, 0, 1e-9);
     EXPECT_NEAR(first.y, 400, 1e-9);
-    const auto last = OrbitGeometry::planetCentre(record, 4);  // right of the star
-    EXPECT_NEAR(last.x, 490, 1e-9);
-    EXPECT_NEAR(last.y, 0, 1e-6);
-}
 
-TEST(OrbitGeometryTest, OrbitIsPickedBelowSixtyUnitsOnly) {
-    // One planet at angle 2π, i.e. on the positive x axis; probe straight above the star, far
-    // from the disc, so only the orbit distance decides.
-    const SystemRecord record = systemWithOrbits({1000});
-    EXPECT_EQ(OrbitGeometry::hitTest(record, {0, -1059}, kPixel), 1);
-    EXPECT_EQ(OrbitGeometry::hitTest(record, {0, -941}, kPixel), 1);
-    EXPECT_EQ(OrbitGeometry::hitTest(record, {0, -1060}, kPixel), 0);
-    EXPECT_EQ(OrbitGeometry::hitTest(record, {0, -940}, kPixel), 0);
-}
-
-TEST(OrbitGeometryTest, DiscWinsOverNearerOrbitAndTiesGoToFirstPlanet) {
-    // Two planets: 1 at angle π (left), 2 at 2π (right).
-    const SystemRecord record = systemWithOrbits({400, 430}, 3);
-    // On planet 1's disc but exactly on planet 2's orbit distance: the disc decides.
-    EXPECT_EQ(OrbitGeometry::hitTest(record, {-430, 0}, kPixel), 1);
-    // Disc reach is (Size + 1) pixels in each axis.
-    EXPECT_EQ(OrbitGeometry::hitTest(record, {430 + 59, 59}, kPixel), 2);
-    // Midway between the two orbits, away from both discs: equal distance, first planet.
-    EXPECT_EQ(OrbitGeometry::hitTest(record, {0, 415}, kPixel), 1);
-    EXPECT_EQ(OrbitGeometry::hitTest(record, {0, 428}, kPixel), 2);
-    EXPECT_EQ(OrbitGeometry::hitTest(SystemRecord{}, {0, 400}, kPixel), 0);
+    // One planet on the positive x axis; probes straight above the star, far from the disc,
+    // so only the orbit distance decides: below sixty units only.
+    const SystemRecord one = systemWithOrbits({1000});
+    // Two planets of size 3: 1 at angle pi (left), 2 at 2 pi (right).
+    const SystemRecord two = systemWithOrbits({400, 430}, 3);
+    const struct {
+        const SystemRecord& record;
+        OrbitGeometry::Point at;
+        int picked;
+    } probes[] = {
+        {one, {0, -1059}, 1},
+        {one, {0, -941}, 1},
+        {one, {0, -1060}, 0},
+        {one, {0, -940}, 0},
+        {two, {-430, 0}, 1},       // on planet 1's disc, exactly on planet 2's
+                                   // orbit: the disc wins
+        {two, {430 + 59, 59}, 2},  // a disc reaches (Size + 1) pixels in each axis
+        {two, {0, 415}, 1},        // midway between the orbits: the first planet
+        {two, {0, 428}, 2},
+        {SystemRecord{}, {0, 400}, 0},
+    };
+    for (const auto& p : probes)
+        EXPECT_EQ(OrbitGeometry::hitTest(p.record, p.at, kPixel), p.picked)
+            << p.at.x << "," << p.at.y;
 }
 
 TEST(OrbitGeometryTest, DragKeepsOrbitsApartAndInsideLimits) {

@@ -4,12 +4,9 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <initializer_list>
 #include <string>
 #include <string_view>
-#include <vector>
 
-#include "store/GameFolder.h"
 #include "store/SystemStore.h"
 #include "support/GameFixture.h"
 
@@ -20,16 +17,16 @@ namespace fs = std::filesystem;
 // A store on a fresh game folder with the tables loaded.
 class StoreTest : public ::testing::Test {
   protected:
-    StoreTest();
+    StoreTest() : store(game.folder()) { store.InitTables(); }
 
-    // Writes ORBDescriptor/<name>.orb.
-    void writeDescriptor(const std::string& name, std::string_view bytes);
-    std::string readDescriptor(const std::string& fileName) const;
-    // Creates the descriptor of a custom system with `planets` planets (added the way the editor
-    // adds them) and opens it in its working copy.
-    void openNewSystem(const std::string& name, int planets);
-    // Saves the block, loads the system into a fresh store and returns that store's record.
-    SystemRecord saveAndReload();
+    // Writes ORBDescriptor/<name>.orb behind the store's back: the next read looks again.
+    void writeDescriptor(const std::string& name, std::string_view bytes) {
+        writeBytes(game.descriptor(name + ".orb"), bytes);
+        store.recheck();
+    }
+    std::string readDescriptor(const std::string& fileName) const {
+        return readBytes(game.descriptor(fileName));
+    }
 
     TempGameFolder game;
     SystemStore store;
