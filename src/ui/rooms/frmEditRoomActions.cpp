@@ -115,6 +115,10 @@ void frmEditRoom::highlight(int box) {
         palette.setColor(QPalette::WindowText,
                          base.color(i == box ? QPalette::HighlightedText : QPalette::ButtonText));
         chkAct[i]->setPalette(palette);
+        // A check box paints no background of its own; without this the highlight would show
+        // only as highlight-coloured text on the dialog's face.
+        chkAct[i]->setBackgroundRole(QPalette::Window);
+        chkAct[i]->setAutoFillBackground(i == box);
     }
 }
 
