@@ -101,6 +101,7 @@ void frmAdvancedRoom::chooseClicked(int row) {
     const QString chosen =
         chooseFlag_(this, flags_[row].isNull() ? QString() : QString(flags_[row]));
     if (!chosen.isEmpty()) flags_[row] = chosen.at(0);
+    if (flags_[row].isNull()) return;  // still no flag: nothing to show (and no loop back here)
     const int option = needs_[row]->checkedId();
     if (option == 2 || option < 0) {
         needs_[row]->button(0)->setChecked(true);
