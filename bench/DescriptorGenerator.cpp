@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "rooms/GridWizard.h"
+
 namespace orr::bench {
 
 namespace {
@@ -59,17 +61,14 @@ std::vector<KeyValue> gridAreaKeys(int width, int height, std::string_view roomP
     return keys;
 }
 
-std::vector<KeyValue> gridWizardKeys(int width, int height, std::string_view roomPrefix) {
-    std::vector<KeyValue> keys = gridAreaKeys(width, height, roomPrefix);
-    keys.push_back({"BeamMessages", "1"});
-    keys.push_back({"Beam1", "We beamed down to Area 1, 1*R" + std::string(roomPrefix) +
-                                 padded(1, width) + padded(1, height)});
-    keys.push_back({"MessagesBeamUp", "1"});
-    keys.push_back({"MessageBeamUp1", "Beam up sucessful.*RNone"});
+std::vector<KeyValue> gridWizardKeys(int width, int height) {
+    std::vector<KeyValue> keys;
+    for (auto& [key, value] : GridWizardKeys({width, height}, {}))
+        keys.push_back({std::move(key), std::move(value)});
     return keys;
 }
 
-std::string generateDescriptor(int planets, int width, int height) {
+std::string generateDescriptor(int planets, int width, int height, int gridless) {
     const std::string flags(static_cast<std::size_t>(planets), 'Y');
     std::string out;
     auto line = [&out](std::string_view text) { out.append(text).append("\r\n"); };
@@ -95,6 +94,10 @@ std::string generateDescriptor(int planets, int width, int height) {
     const std::vector<KeyValue> grid = gridWizardKeys(width, height);
     for (int p = 1; p <= planets; ++p) {
         line(std::string("[").append(std::to_string(p)).append("]"));
+        if (p == gridless) {
+            line("Info=An uncharted world.");
+            continue;
+        }
         for (const KeyValue& kv : grid) line(kv.key + "=" + kv.value);
     }
     return out;

@@ -1,11 +1,13 @@
 // The edit session on a generated descriptor of about 600 KB (ten planets, each with a 10 x 10
 // room grid): opening a system, reading its planet keys as a window's refresh does, scanning a
-// planet's groups, the commands that rewrite the file, and undo and redo.
+// planet's groups, the commands that rewrite the file, undo and redo, the adventure grid wizard
+// and showing a room.
 //
 // Counters: target_ms is the time the operation may not exceed (see scripts/run-bench.sh).
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <random>
 
 #include "DescriptorGenerator.h"
@@ -13,6 +15,7 @@
 #include "messages/PlanetMessageStore.h"
 #include "session/EditSession.h"
 #include "session/PlanetEdits.h"
+#include "session/RoomEdits.h"
 #include "session/SystemEdits.h"
 #include "store/FileIo.h"
 
@@ -26,7 +29,9 @@ constexpr const char* kSystem = "Benchmark";
 // A game folder of its own holding the generated descriptor as a saved system.
 class BenchGameFolder {
   public:
-    BenchGameFolder() : descriptor_(generateDescriptor()) {
+    // `gridless`: a planet whose section holds no grid yet.
+    explicit BenchGameFolder(int gridless = 0)
+        : descriptor_(generateDescriptor(10, 10, 10, gridless)) {
         std::random_device random;
         root_ = fs::temp_directory_path() / ("orrerion-system-bench-" + std::to_string(random()));
         fs::create_directories(root_ / "ORBDescriptor");
@@ -50,8 +55,9 @@ class BenchGameFolder {
 // The session with the system open in its working copy, as the editor holds it.
 bool openSystem(EditSession& session, benchmark::State& state) {
     LoadResult loaded;
-    if (!session.open(kSystem, [] { return false; }, &loaded) || !loaded.blockFound ||
-        session.record().PlanetCount != 10) {
+    if (!session.open(
+            kSystem, [] { return false; }, &loaded) ||
+        !loaded.blockFound || session.record().PlanetCount != 10) {
         state.SkipWithError("the generated descriptor does not open as a 10-planet system");
         return false;
     }
@@ -186,6 +192,55 @@ void DeleteAndInsertPlanet(benchmark::State& state) {
     state.SetLabel("delete planet 1 of 10 and insert one before planet 1, two commands");
 }
 
+// The wizard's Finish for a 10 x 10 grid on planet 5, which has none yet: about 1,400 new keys
+// and the custom-messages switch, one command and one write of the working copy. The grid is
+// undone between runs, outside the timing.
+void Wizard10x10(benchmark::State& state) {
+    BenchGameFolder game(5);
+    EditSession session(game.folder());
+    if (!openSystem(session, state)) return;
+    injectFileFailure(0);
+    if (!writeKey(session, "5", "Info", "Charted")) return state.SkipWithError("no key written");
+    const int oneWrite = fileOperationsSince();
+    for (auto _ : state) {
+        state.PauseTiming();
+        const bool undone = session.history().size() < 2 || session.undo();
+        injectFileFailure(0);
+        state.ResumeTiming();
+        if (!undone || !finishGridWizard(session, 5, {10, 10})) {
+            state.SkipWithError(session.lastError().c_str());
+            break;
+        }
+        if (fileOperationsSince() != oneWrite) {
+            state.SkipWithError("the grid was not one write of the working copy");
+            break;
+        }
+    }
+    state.counters["target_ms"] = 50;
+    state.SetLabel("10 x 10 grid (1,364 keys) on a planet of " + game.sizeText() +
+                   ", one command, one write");
+}
+
+// The room editor's read of one area of a 10 x 10 grid within a refresh: the description, the
+// seven standard actions with their default lines and requirements, and the doors' rooms.
+void LoadRoom10x10(benchmark::State& state) {
+    BenchGameFolder game;
+    EditSession session(game.folder());
+    if (!openSystem(session, state)) return;
+    std::size_t doors = 0;
+    for (auto _ : state) {
+        session.recheck();
+        const std::optional<RoomView> view = viewRoom(session, {5, "Area0505"});
+        doors = view ? static_cast<std::size_t>(std::count_if(
+                           view->standard.begin(), view->standard.begin() + kDirectionCount,
+                           [](const ActionBinding& b) { return b.state == kDefault; }))
+                     : 0;
+    }
+    if (doors != 4) state.SkipWithError("Area0505 did not show its four doors");
+    state.counters["target_ms"] = 2;
+    state.SetLabel("one area of a 10 x 10 grid as the room editor shows it");
+}
+
 BENCHMARK(LoadSystemCold)->Name("LoadSystem/Cold")->UseRealTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(GetPlanetKey)->Name("GetPlanetKey")->UseRealTime()->Unit(benchmark::kMicrosecond);
 BENCHMARK(GroupScan)->Name("GroupScan/Grid10x10")->UseRealTime()->Unit(benchmark::kMillisecond);
@@ -193,6 +248,8 @@ BENCHMARK(KeyWrite)->Name("Command/KeyWrite")->UseRealTime()->Unit(benchmark::kM
 BENCHMARK(Undo)->Name("Undo/KeyWrite")->UseRealTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(Redo)->Name("Redo/KeyWrite")->UseRealTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(Drag60)->Name("Drag/60Moves")->UseRealTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(Wizard10x10)->Name("Wizard/Grid10x10")->UseRealTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(LoadRoom10x10)->Name("LoadRoom/Grid10x10")->UseRealTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(DeleteAndInsertPlanet)
     ->Name("DeleteInsertPlanet")
     ->UseRealTime()

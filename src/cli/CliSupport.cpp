@@ -78,6 +78,24 @@ std::string existingSystem(const SystemStore& store, const QString& argument) {
     return file.substr(0, file.size() - 4);  // as spelled on disk, less ".orb"
 }
 
+SystemStore openSavedSystem(const GameFolder& folder, const QString& argument) {
+    SystemStore store(folder);
+    const std::string found = existingSystem(store, argument);
+    store.record().Name = found;
+    store.LoadSystem(found);
+    return store;
+}
+
+int savedPlanetArgument(const SystemStore& store, const QString& argument) {
+    const int planet = numberArgument(argument, 1, kMaxPlanets, "A planet number");
+    const int count = store.record().PlanetCount;
+    if (planet > count) {
+        throw CliError("There is no planet " + std::to_string(planet) + " in " +
+                       inQuotes(store.record().Name) + ": " + planetsPhrase(count) + ".");
+    }
+    return planet;
+}
+
 void requireNoWorkingCopy(const SystemStore& store, const std::string& name) {
     std::error_code error;
     const fs::path workingCopy = store.descriptorPath(name, ".edt");

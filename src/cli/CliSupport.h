@@ -38,6 +38,11 @@ std::string inQuotes(const std::string& what);
 // found ignoring case); a CliError when there is none.
 std::string existingSystem(const SystemStore& store, const QString& argument);
 
+// The saved system `argument`, opened for reading only: its descriptor is never written.
+SystemStore openSavedSystem(const GameFolder& folder, const QString& argument);
+// A planet number of that system; otherwise a CliError that says how many there are.
+int savedPlanetArgument(const SystemStore& store, const QString& argument);
+
 // Refuses when `name` has a working copy (name.edt): the editor has it open or a backup waits.
 void requireNoWorkingCopy(const SystemStore& store, const std::string& name);
 

@@ -34,5 +34,6 @@ struct CommandSpec {
 
 std::vector<CommandSpec> storeCommands();    // StoreCommands.cpp
 std::vector<CommandSpec> messageCommands();  // MessageCommands.cpp
+std::vector<CommandSpec> roomCommands();     // RoomCommands.cpp
 
 }  // namespace orr::cli

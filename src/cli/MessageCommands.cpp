@@ -44,26 +44,6 @@ std::string groupArgument(const QString& argument) {
     return group;
 }
 
-// The saved system, opened for reading only: its descriptor is never written.
-SystemStore openSaved(const CliContext& context, const QString& name) {
-    SystemStore store(context.folder);
-    const std::string found = existingSystem(store, name);
-    store.record().Name = found;
-    store.LoadSystem(found);
-    return store;
-}
-
-int planetArgument(const SystemStore& store, const QString& argument) {
-    const int planet = numberArgument(argument, 1, kMaxPlanets, "A planet number");
-    const int count = store.record().PlanetCount;
-    if (planet > count) {
-        throw CliError("There is no planet " + std::to_string(planet) + " in " +
-                       inQuotes(store.record().Name) + ": it has " + std::to_string(count) +
-                       (count == 1 ? " planet." : " planets."));
-    }
-    return planet;
-}
-
 std::filesystem::path programFolder() {
     if (QCoreApplication::instance())
         return std::filesystem::path(QCoreApplication::applicationDirPath().toStdString());
@@ -80,8 +60,8 @@ SpecialCodeList specialCodes(const CliContext& context) {
 // --- reading a planet
 
 void groupsCommand(CliContext& context, const QStringList& args) {
-    SystemStore store = openSaved(context, args[0]);
-    PlanetMessageStore planet(store, planetArgument(store, args[1]));
+    SystemStore store = openSavedSystem(context.folder, args[0]);
+    PlanetMessageStore planet(store, savedPlanetArgument(store, args[1]));
     MessageGroups groups;
     groups.LoadGroupLists(planet);
     for (const GroupEntry& entry : groups.entries()) {
@@ -96,8 +76,8 @@ void groupsCommand(CliContext& context, const QStringList& args) {
 }
 
 void linesCommand(CliContext& context, const QStringList& args) {
-    SystemStore store = openSaved(context, args[0]);
-    PlanetMessageStore planet(store, planetArgument(store, args[1]));
+    SystemStore store = openSavedSystem(context.folder, args[0]);
+    PlanetMessageStore planet(store, savedPlanetArgument(store, args[1]));
     const MessageList list(planet, groupArgument(args[2]), directionArgument(args[3]));
     const std::vector<std::string> lines = list.lines();
     for (std::size_t i = 0; i < lines.size(); ++i) {

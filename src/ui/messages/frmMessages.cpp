@@ -43,6 +43,7 @@ frmMessages::frmMessages(EditSession& session, QWidget* parent)
          [this](const std::string& flag) { return toBytes(GetFlagChar(toQString(flag))); }});
     connectControls();
     connectListControls();
+    connectRoomButtons();
     hideLengthError();
     listener_ = session_.subscribe([this](const ChangeNotice& notice) { sessionChanged(notice); });
     sessionLifetime_ = session_.lifetime();

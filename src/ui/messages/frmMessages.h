@@ -46,6 +46,7 @@ namespace orr::ui {
 
 class DirectionPicture;
 class LongEntryToolTip;
+class frmEditRoom;
 class MessageLineForm;
 class frmFlag;
 class frmSystem;
@@ -96,6 +97,8 @@ class frmMessages : public QDialog {
     int chooseSystem(int index);
     frmFlag& flagChooser();
     frmSystem& systemChooser();
+    // The room editor of this window, made on first use and kept (hidden) for the next.
+    frmEditRoom& roomEditor();
 
     // The restriction prefixes of the standard away-team actions ("BeamFlag", "SearchFlag",
     // "TriFlag"): empty or one "%F"/"%f" code.
@@ -148,6 +151,16 @@ class frmMessages : public QDialog {
     // Runs a chooser of this window: coming back from it reads nothing again, and what it
     // writes is not an edit made underneath.
     void runChooser(QDialog& chooser);
+
+    // frmMessagesRooms.cpp
+    void connectRoomButtons();
+    // "Edit R&oom": the room editor on the group shown (its room, for a search, tricorder or
+    // lock group); afterwards the room it showed last is the group shown.
+    void editRoom();
+    // "Adventure &Wizard"; afterwards the groups are looked for again.
+    void startWizard();
+    // The flag chooser for the room windows, shown over `over`.
+    QString chooseFlagOver(QWidget* over, const QString& current);
 
     // frmMessagesLists.cpp
     MessageStore& messages();
@@ -227,6 +240,7 @@ class frmMessages : public QDialog {
     MessageEditorState state_;
     frmFlag* flagChooser_ = nullptr;
     frmSystem* systemChooser_ = nullptr;
+    frmEditRoom* roomEditor_ = nullptr;
 
     bool editing_ = false;
     int editIndex_ = -1;                     // 0-based line being edited; -1 for a new line

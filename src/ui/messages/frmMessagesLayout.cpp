@@ -79,9 +79,7 @@ void frmMessages::buildControls() {
     cmdEditRoom = button(QStringLiteral("Edit R&oom"), QStringLiteral("cmdEditRoom"), this);
     cmdWizard = button(QStringLiteral("Adventure &Wizard"), QStringLiteral("cmdWizard"), this);
     cmdClose = button(QStringLiteral("&Close"), QStringLiteral("cmdClose"), this);
-    // The room editor and the wizard are not part of this window yet.
-    cmdEditRoom->setEnabled(false);
-    cmdWizard->setEnabled(false);
+    cmdEditRoom->setEnabled(false);  // until a group that can be a room is shown
     auto* bottom = new QHBoxLayout;
     bottom->addWidget(cmdGo);
     bottom->addWidget(cmdEditRoom);

@@ -18,6 +18,7 @@
 #include "messages/MessageLineForm.h"
 #include "messages/frmMessages.h"
 #include "platform/QtText.h"
+#include "rooms/RoomNames.h"
 
 namespace orr::ui {
 
@@ -122,8 +123,7 @@ void frmMessages::showGroup() {
                               ? QStringLiteral("Response Level: ")
                               : QStringLiteral("Message Level: ");
     fraMessages->setTitle(level + group);
-    // The room editor is not part of this window yet; the button stays off.
-    cmdEditRoom->setEnabled(false);
+    cmdEditRoom->setEnabled(canEditAsRoom(state_.group()));
     cmdAddGroup->setEnabled(false);
     fillMessageList();
 }

@@ -6,6 +6,7 @@
 #include "messages/PlanetMessageStore.h"
 #include "session/MessageEdits.h"
 #include "session/PlanetEdits.h"
+#include "session/RoomEdits.h"
 #include "session/SystemEdits.h"
 #include "support/SessionFixture.h"
 
@@ -39,6 +40,7 @@ TEST_F(EditSessionTest, EveryCommandIsUndoneAndRedoneWithItsName) {
     openSystem("Sol", 3);
     const MessageListRef hail{2, "Hail", Direction::Message};
     const MessageListRef answers{2, "Hail", Direction::Response};
+    const RoomRef area11{2, "Area11"};
     const std::vector<std::pair<std::string, std::function<bool(EditSession&)>>> commands = {
         {"Add Planet", [](EditSession& s) { return addPlanet(s) == AddPlanetResult::Added; }},
         {"Insert Planet 2",
@@ -78,6 +80,35 @@ TEST_F(EditSessionTest, EveryCommandIsUndoneAndRedoneWithItsName) {
          [](EditSession& s) { return setPlanetPicture(s, 2, textPicture("blue")); }},
         {"Change Star Picture",
          [](EditSession& s) { return setStarPicture(s, textPicture("sun")); }},
+        {"Adventure Wizard",
+         [](EditSession& s) {
+             return finishGridWizard(s, 2, {2, 2});
+         }},
+        {"Tick North in Area11",
+         [&](EditSession& s) { return tickStandardAction(s, area11, kNorth, "Cellar"); }},
+        {"Edit Action 6 in Area11",
+         [&](EditSession& s) { return setActionText(s, area11, {6}, "Down"); }},
+        {"Set Destination of Action 6 in Area11",
+         [&](EditSession& s) { return setActionDestination(s, area11, {6}, "Pit"); }},
+        {"Set Direction of Action 6 in Area11",
+         [&](EditSession& s) { return setActionDirection(s, area11, {6}, 5); }},
+        {"Edit Description of Area11",
+         [&](EditSession& s) { return setRoomDescription(s, area11, "Dark"); }},
+        {"Add Action 7 in Area11", [&](EditSession& s) { return addRoomAction(s, area11); }},
+        {"Remove Action 7 in Area11",
+         [&](EditSession& s) { return removeRoomAction(s, area11, 7); }},
+        {"Untick East in Area11",
+         [&](EditSession& s) { return untickStandardAction(s, area11, kEast); }},
+        {"Edit Effect Area11Search",
+         [&](EditSession& s) {
+             return editEffect(s, area11, "Area11Search", "A coin.", "Area11");
+         }},
+        {"Lock Action 1 in Area11",
+         [&](EditSession& s) { return lockRoomAction(s, area11, 1, 'B', "Jammed."); }},
+        {"Change Requirements",
+         [](EditSession& s) {
+             return setRequirements(s, 2, {{"%FA", "", ""}});
+         }},
         {"Swap Planets 1 and 2", [](EditSession& s) { return swapPlanets(s, 2, 1); }},
         {"Change Star Type", [](EditSession& s) { return setStarType(s, 5); }},
         {"Change Display Name", [](EditSession& s) { return setDisplayName(s, "Solace"); }},

@@ -18,6 +18,11 @@
 #include "messages/frmFlag.h"
 #include "messages/frmMessages.h"
 #include "messages/frmSystem.h"
+#include "rooms/frmAdvancedRoom.h"
+#include "rooms/frmEditRoom.h"
+#include "rooms/frmLock.h"
+#include "rooms/frmWizard.h"
+#include "session/RoomEdits.h"
 #include "support/MainWindowHarness.h"
 
 using namespace orr;
@@ -91,6 +96,16 @@ class AccessKeysTest : public QObject {
         frmSystem system;
         frmMessages messages(h.session());
         messages.prepareForPlanet(1, QStringLiteral("Nova I"), false);
+        const FlagChooser noFlag = [](QWidget*, const QString&) { return QStringLiteral("A"); };
+        QVERIFY(finishGridWizard(h.session(), 1, {2, 2}));
+        frmEditRoom room(h.session(), noFlag);
+        room.setPlanet(1);
+        QVERIFY(room.LoadRoom(QStringLiteral("Area11")));
+        room.findChild<QPushButton*>(QStringLiteral("cmdAdd"))->click();  // the Action frame
+        frmLock lock;
+        frmAdvancedRoom advanced(h.session(), 1, noFlag);
+        frmWizard wizard;
+        wizard.SetAdvanced(&advanced);
 
         QStringList found = clashesIn(QStringLiteral("frmSSEdit"), h.window());
         for (const auto& [name, window] : std::initializer_list<std::pair<QString, QWidget*>>{
@@ -100,8 +115,15 @@ class AccessKeysTest : public QObject {
                  {"frmAbout", &about},
                  {"frmFlag", &flag},
                  {"frmSystem", &system},
-                 {"frmMessages browsing", &messages}})
+                 {"frmMessages browsing", &messages},
+                 {"frmEditRoom", &room},
+                 {"frmLock", &lock},
+                 {"frmAdvancedRoom", &advanced}})
             found << clashesIn(name, *window);
+        for (int step = 0; step < frmWizard::kSteps; ++step) {
+            wizard.SetStep(step);
+            found << clashesIn(QStringLiteral("frmWizard %1").arg(step), wizard);
+        }
         messages.findChild<QPushButton*>(QStringLiteral("cmdNew"))->click();
         found << clashesIn(QStringLiteral("frmMessages editing"), messages);
         QVERIFY2(found.isEmpty(), qPrintable(found.join(QStringLiteral("; "))));
