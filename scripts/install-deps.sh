@@ -4,7 +4,7 @@ set -eu
 packages=(
     g++ cmake make pkg-config
     googletest libgtest-dev libgmock-dev libbenchmark-dev
-    qt6-base-dev qt6-multimedia-dev libgl-dev
+    qt6-base-dev qt6-multimedia-dev libgl-dev libzip-dev
     xvfb xauth fonts-dejavu-core
 )
 missing=()

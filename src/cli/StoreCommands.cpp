@@ -116,7 +116,8 @@ void newSystem(CliContext& context, const QStringList& args) {
     SystemStore store = openStore(context);
     if (!canCreateSystem(context.folder, name)) requireNoWorkingCopy(store, name);
     std::string error;
-    if (!createSystem(context.folder, name, NewSystemAnswer::ListedKey, &error)) throw CliError(error);
+    if (!createSystem(context.folder, name, NewSystemAnswer::ListedKey, &error))
+        throw CliError(error);
 }
 
 void setKey(CliContext& context, const QStringList& args) {
@@ -158,9 +159,9 @@ void swapPlanetsCommand(CliContext& context, const QStringList& args) {
     SystemChange change(context.folder, args[0]);
     const int a = change.planetArgument(args[1], 1);
     const int b = change.planetArgument(args[2], 1);
-    change.require(swapPlanets(change.session(), a, b),
-                   "Planets " + std::to_string(a) + " and " + std::to_string(b) +
-                       " could not be exchanged.");
+    change.require(
+        swapPlanets(change.session(), a, b),
+        "Planets " + std::to_string(a) + " and " + std::to_string(b) + " could not be exchanged.");
     change.commit();
 }
 
@@ -217,7 +218,8 @@ void renameCommand(CliContext& context, const QStringList& args) {
                    "The system could not be saved as " + inQuotes(newName) + ".");
     const std::string warning = change.session().lastWarning();
     change.require(change.session().discard(), "The working copy could not be deleted.");
-    if (!warning.empty()) throw CliError("The system was saved as " + inQuotes(newName) + ". " + warning);
+    if (!warning.empty())
+        throw CliError("The system was saved as " + inQuotes(newName) + ". " + warning);
 }
 
 void deleteSystemCommand(CliContext& context, const QStringList& args) {
