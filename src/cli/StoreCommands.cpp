@@ -94,15 +94,9 @@ void getKey(CliContext& context, const QStringList& args) {
 
 void encodeStar(CliContext& context, const QStringList& args) {
     const std::string key = bytesOf(args[0]);
+    if (const std::optional<std::string> problem = StarArgumentProblem(key))
+        throw CliError(*problem);
     const std::string encoded = EncodeStarArgument(key);
-    // The game takes 21 characters. A longer key cannot reach it, whether the encoding cuts it
-    // or not: a cut key encodes the same as the key less its last character.
-    const bool cut = !key.empty() && key.back() != ' ' &&
-                     encoded == EncodeStarArgument(key.substr(0, key.size() - 1));
-    if (encoded.size() != 21 || cut) {
-        throw CliError("The key " + inQuotes(key) +
-                       " is too long for the game's start argument of 21 characters.");
-    }
     for (std::size_t i = 0; i < encoded.size(); ++i)
         context.out << (i ? " " : "")
                     << static_cast<unsigned>(static_cast<unsigned char>(encoded[i]));

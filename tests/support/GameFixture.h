@@ -25,10 +25,12 @@ namespace fs = std::filesystem;
 std::string crlf(std::initializer_list<std::string_view> lines);
 std::string crlf(const std::vector<std::string>& lines);
 
-std::string readBytes(const fs::path& file);  // empty when missing
+std::string readBytes(const fs::path& file);                    // empty when missing
 void writeBytes(const fs::path& file, std::string_view bytes);  // creates missing folders
 // The names of the folder's entries, sorted.
 std::vector<std::string> entryNames(const fs::path& folder);
+// A stand-in for an external program: an executable shell script `file` running `body`.
+void writeProgram(const fs::path& file, std::string_view body);
 
 // Makes a folder read-only for its lifetime: no file can be created, renamed or deleted in it.
 // Permissions do not bind root, so for root the folder is also made immutable where the file

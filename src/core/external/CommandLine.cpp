@@ -104,25 +104,6 @@ std::vector<std::string> expandOptions(std::string_view options, std::string_vie
     return arguments;
 }
 
-std::string quoteArgument(std::string_view argument) {
-    if (!argument.empty() && argument.find_first_of(" \t\"") == std::string_view::npos)
-        return std::string(argument);
-    std::string quoted = "\"";
-    std::size_t backslashes = 0;
-    for (char c : argument) {
-        if (c == '\\') {
-            ++backslashes;
-            continue;
-        }
-        // Backslashes before a quote are doubled, and the quote escaped.
-        quoted.append(c == '"' ? backslashes * 2 + 1 : backslashes, '\\');
-        backslashes = 0;
-        quoted += c;
-    }
-    quoted.append(backslashes * 2, '\\');
-    return quoted + '"';
-}
-
 std::optional<std::string> findProgram(std::string_view program,
                                        std::optional<std::string_view> searchPath) {
     if (program.empty()) return std::nullopt;

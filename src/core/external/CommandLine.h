@@ -33,9 +33,6 @@ std::vector<std::string> splitArguments(std::string_view text);
 // -a, C:\Pkg\Sol.zip and C:\Pkg\Sol.
 std::vector<std::string> expandOptions(std::string_view options, std::string_view value);
 
-// The argument quoted so that splitArguments gives it back unchanged (for showing a command).
-std::string quoteArgument(std::string_view argument);
-
 // The program named by a setting: a name with a folder must be there as given; a bare name is
 // looked up in the folders of `searchPath` (the PATH variable; the process's own when nullopt).
 // nullopt when there is no such program.

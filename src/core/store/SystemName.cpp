@@ -110,8 +110,9 @@ std::string EncodeStarArgument(const std::string& key) {
 std::optional<std::string> StarArgumentProblem(const std::string& key) {
     const std::size_t length = starArgumentBody(key).size();
     if (length > kStarArgumentWidth) {
-        return "The game cannot be started at the system " + key +
-               ": the game takes names of at most " + std::to_string(kStarArgumentWidth - 1) +
+        return "The name of the system " + key +
+               " is too long for the game's start argument: the game takes at most " +
+               std::to_string(kStarArgumentWidth - 1) +
                " characters (after a leading planet count), and this one has " +
                std::to_string(length - 1) + ".";
     }
