@@ -19,11 +19,28 @@ class SettingsTest : public QObject {
     void defaultsWhenNothingIsStored() {
         QVERIFY(Settings::displayAsteroids());
         QVERIFY(Settings::showAbout());
+        QCOMPARE(Settings::paintOptions(), QStringLiteral("\"%1\""));
+        QCOMPARE(Settings::zipProgram(), QString());  // the editor zips packages itself
+        QCOMPARE(Settings::zipOptions(), QStringLiteral("-min -a \"%1.zip\" \"%1\""));
+#ifdef Q_OS_WIN
         QCOMPARE(Settings::paintProgram(),
                  QStringLiteral("C:\\Program Files\\Accessories\\MsPaint.exe"));
-        QCOMPARE(Settings::paintOptions(), QStringLiteral("\"%1\""));
-        QCOMPARE(Settings::zipProgram(), QStringLiteral("C:\\Program Files\\WinZip\\WinZip32.exe"));
-        QCOMPARE(Settings::zipOptions(), QStringLiteral("-min -a \"%1.zip\" \"%1\""));
+        QCOMPARE(Settings::gameLauncher(), QString());
+#else
+        QCOMPARE(Settings::gameLauncher(), QStringLiteral("wine"));
+        // The first paint program found in PATH, in the order kolourpaint, gimp.
+        QTemporaryDir bin;
+        const QByteArray path = qgetenv("PATH");
+        qputenv("PATH", QFile::encodeName(bin.path()));
+        for (const QString& program : {QStringLiteral("gimp"), QStringLiteral("kolourpaint")}) {
+            QFile file(bin.filePath(program));
+            QVERIFY(file.open(QIODevice::WriteOnly));
+            file.setPermissions(file.permissions() | QFileDevice::ExeOwner);
+            file.close();
+            QCOMPARE(Settings::paintProgram(), program);
+        }
+        qputenv("PATH", path);
+#endif
     }
 
     void yesNoValuesAreStoredAsMinusOneAndZeroAndTextsAsGiven() {
