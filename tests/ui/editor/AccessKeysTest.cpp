@@ -18,6 +18,7 @@
 #include "messages/frmFlag.h"
 #include "messages/frmMessages.h"
 #include "messages/frmSystem.h"
+#include "pictures/frmPictures.h"
 #include "support/MainWindowHarness.h"
 
 using namespace orr;
@@ -91,6 +92,8 @@ class AccessKeysTest : public QObject {
         frmSystem system;
         frmMessages messages(h.session());
         messages.prepareForPlanet(1, QStringLiteral("Nova I"), false);
+        frmPictures pictures(h.session());
+        pictures.showPlanet(1);
 
         QStringList found = clashesIn(QStringLiteral("frmSSEdit"), h.window());
         for (const auto& [name, window] : std::initializer_list<std::pair<QString, QWidget*>>{
@@ -100,6 +103,7 @@ class AccessKeysTest : public QObject {
                  {"frmAbout", &about},
                  {"frmFlag", &flag},
                  {"frmSystem", &system},
+                 {"frmPictures", &pictures},
                  {"frmMessages browsing", &messages}})
             found << clashesIn(name, *window);
         messages.findChild<QPushButton*>(QStringLiteral("cmdNew"))->click();
