@@ -77,7 +77,10 @@ void AnimationView::paintEvent(QPaintEvent*) {
         return;
     }
     if (frame_.isNull()) return;
-    const QSize size = frame_.size().scaled(this->size(), Qt::KeepAspectRatio);
+    // Like a picture: centred at its own size, made smaller only when it does not fit.
+    QSize size = frame_.size();
+    if (size.width() > width() || size.height() > height())
+        size = size.scaled(this->size(), Qt::KeepAspectRatio);
     painter.drawImage(
         QRect(QPoint((width() - size.width()) / 2, (height() - size.height()) / 2), size), frame_);
 }
