@@ -3,7 +3,6 @@
 #include <QBuffer>
 #include <QColor>
 #include <QImage>
-#include <QList>
 #include <QtEndian>
 
 namespace orr::test {
@@ -37,16 +36,16 @@ QByteArray list(const char* type, const QByteArray& data) {
 QByteArray tinyAvi(int frames, QSize size) {
     const auto w = static_cast<quint32>(size.width());
     const auto h = static_cast<quint32>(size.height());
-    QList<QByteArray> jpegs;
+    QByteArray movi;  // no index: players read the frames in order
     for (int i = 0; i < frames; ++i) {
         QImage image(size, QImage::Format_RGB32);
         image.fill(QColor::fromHsv(i * 360 / frames, 255, 255));
         QBuffer buffer;
         buffer.open(QIODevice::WriteOnly);
         image.save(&buffer, "JPG");
-        jpegs << buffer.data();
+        movi += chunk("00dc", buffer.data());
     }
-    const QByteArray avih = u32(100000) + u32(0) + u32(0) + u32(0x10) +
+    const QByteArray avih = u32(100000) + u32(0) + u32(0) + u32(0) +
                             u32(static_cast<quint32>(frames)) + u32(0) + u32(1) + u32(0) + u32(w) +
                             u32(h) + QByteArray(16, '\0');
     const QByteArray strh = QByteArray("vidsMJPG", 8) + u32(0) + u16(0) + u16(0) + u32(0) + u32(1) +
@@ -54,18 +53,10 @@ QByteArray tinyAvi(int frames, QSize size) {
                             u32(0xFFFFFFFF) + u32(0) + u16(0) + u16(0) + u16(w) + u16(h);
     const QByteArray strf = u32(40) + u32(w) + u32(h) + u16(1) + u16(24) + QByteArray("MJPG", 4) +
                             u32(w * h * 3) + QByteArray(16, '\0');
-    QByteArray movi;
-    QByteArray index;
-    for (const QByteArray& jpeg : jpegs) {
-        // Offsets count from the "movi" type word.
-        index += QByteArray("00dc", 4) + u32(0x10) + u32(static_cast<quint32>(movi.size() + 4)) +
-                 u32(static_cast<quint32>(jpeg.size()));
-        movi += chunk("00dc", jpeg);
-    }
     const QByteArray body =
         list("hdrl",
              chunk("avih", avih) + list("strl", chunk("strh", strh) + chunk("strf", strf))) +
-        list("movi", movi) + chunk("idx1", index);
+        list("movi", movi);
     return chunk("RIFF", QByteArray("AVI ", 4) + body);
 }
 
