@@ -7,7 +7,7 @@ packages=(
     g++ cmake make pkg-config
     clang libclang-rt-14-dev
     googletest libgtest-dev libgmock-dev libbenchmark-dev
-    qt6-base-dev qt6-multimedia-dev libgl-dev
+    qt6-base-dev qt6-multimedia-dev libgl-dev libzip-dev
     xvfb xauth fonts-dejavu-core
 )
 missing=()

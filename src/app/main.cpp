@@ -17,6 +17,7 @@
 #include "editor/frmSSEdit.h"
 #include "messages/MessageEditorLauncher.h"
 #include "messages/frmMessages.h"
+#include "pictures/AnimationView.h"
 #include "platform/QtText.h"
 
 namespace {
@@ -97,6 +98,7 @@ bool parseCommandLine(const QApplication& app, StartRequest& request) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    orr::ui::chooseMediaBackend();
     QApplication app(argc, argv);
     QCoreApplication::setOrganizationName(QStringLiteral("Orrerion"));
     QCoreApplication::setApplicationName(QStringLiteral("Orrerion"));

@@ -107,15 +107,18 @@ void requireNoWorkingCopy(const SystemStore& store, const std::string& name) {
     }
 }
 
-SystemChange::SystemChange(const GameFolder& folder, const QString& argument) : session_(folder) {
+SystemChange::SystemChange(const GameFolder& folder, const QString& argument, PictureCodec* codec)
+    : session_(folder) {
+    session_.setPictureCodec(codec);
     const std::string name = existingSystem(session_.store(), argument);
     requireNoWorkingCopy(session_.store(), name);
     LoadResult loaded;
     // No backup exists (checked above), so the question is never asked.
-    if (!session_.open(name, [] { return false; }, &loaded)) {
-        throw CliError(session_.lastError().empty() ? "The system " + inQuotes(name) +
-                                                          " could not be opened."
-                                                    : session_.lastError());
+    if (!session_.open(
+            name, [] { return false; }, &loaded)) {
+        throw CliError(session_.lastError().empty()
+                           ? "The system " + inQuotes(name) + " could not be opened."
+                           : session_.lastError());
     }
     if (!loaded.warning.empty()) {
         session_.discard();

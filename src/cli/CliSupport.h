@@ -52,7 +52,8 @@ void requireNoWorkingCopy(const SystemStore& store, const std::string& name);
 // without a successful commit the working copy is discarded, so no stray .edt stays behind.
 class SystemChange {
   public:
-    SystemChange(const GameFolder& folder, const QString& argument);
+    // With a codec the system's picture files are read and saved with it.
+    SystemChange(const GameFolder& folder, const QString& argument, PictureCodec* codec = nullptr);
     ~SystemChange();
     SystemChange(const SystemChange&) = delete;
     SystemChange& operator=(const SystemChange&) = delete;

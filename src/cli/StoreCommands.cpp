@@ -94,15 +94,9 @@ void getKey(CliContext& context, const QStringList& args) {
 
 void encodeStar(CliContext& context, const QStringList& args) {
     const std::string key = bytesOf(args[0]);
+    if (const std::optional<std::string> problem = StarArgumentProblem(key))
+        throw CliError(*problem);
     const std::string encoded = EncodeStarArgument(key);
-    // The game takes 21 characters. A longer key cannot reach it, whether the encoding cuts it
-    // or not: a cut key encodes the same as the key less its last character.
-    const bool cut = !key.empty() && key.back() != ' ' &&
-                     encoded == EncodeStarArgument(key.substr(0, key.size() - 1));
-    if (encoded.size() != 21 || cut) {
-        throw CliError("The key " + inQuotes(key) +
-                       " is too long for the game's start argument of 21 characters.");
-    }
     for (std::size_t i = 0; i < encoded.size(); ++i)
         context.out << (i ? " " : "")
                     << static_cast<unsigned>(static_cast<unsigned char>(encoded[i]));
@@ -116,7 +110,8 @@ void newSystem(CliContext& context, const QStringList& args) {
     SystemStore store = openStore(context);
     if (!canCreateSystem(context.folder, name)) requireNoWorkingCopy(store, name);
     std::string error;
-    if (!createSystem(context.folder, name, NewSystemAnswer::ListedKey, &error)) throw CliError(error);
+    if (!createSystem(context.folder, name, NewSystemAnswer::ListedKey, &error))
+        throw CliError(error);
 }
 
 void setKey(CliContext& context, const QStringList& args) {
@@ -158,9 +153,9 @@ void swapPlanetsCommand(CliContext& context, const QStringList& args) {
     SystemChange change(context.folder, args[0]);
     const int a = change.planetArgument(args[1], 1);
     const int b = change.planetArgument(args[2], 1);
-    change.require(swapPlanets(change.session(), a, b),
-                   "Planets " + std::to_string(a) + " and " + std::to_string(b) +
-                       " could not be exchanged.");
+    change.require(
+        swapPlanets(change.session(), a, b),
+        "Planets " + std::to_string(a) + " and " + std::to_string(b) + " could not be exchanged.");
     change.commit();
 }
 
@@ -217,7 +212,8 @@ void renameCommand(CliContext& context, const QStringList& args) {
                    "The system could not be saved as " + inQuotes(newName) + ".");
     const std::string warning = change.session().lastWarning();
     change.require(change.session().discard(), "The working copy could not be deleted.");
-    if (!warning.empty()) throw CliError("The system was saved as " + inQuotes(newName) + ". " + warning);
+    if (!warning.empty())
+        throw CliError("The system was saved as " + inQuotes(newName) + ". " + warning);
 }
 
 void deleteSystemCommand(CliContext& context, const QStringList& args) {

@@ -33,6 +33,7 @@ std::vector<CommandSpec> allCommands() {
     std::vector<CommandSpec> commands = orr::cli::storeCommands();
     for (CommandSpec& command : orr::cli::messageCommands()) commands.push_back(command);
     for (CommandSpec& command : orr::cli::roomCommands()) commands.push_back(command);
+    for (CommandSpec& command : orr::cli::pictureCommands()) commands.push_back(command);
     return commands;
 }
 

@@ -177,4 +177,9 @@ void TempGameFolder::writeDescriptor(const SystemRecord& record, std::string_vie
     write("ORBDescriptor/" + record.Name + ".orb", newDescriptorText(record) + std::string(extra));
 }
 
+void writeProgram(const fs::path& file, std::string_view body) {
+    writeBytes(file, "#!/bin/sh\n" + std::string(body) + "\n");
+    fs::permissions(file, fs::perms::owner_all, fs::perm_options::add);
+}
+
 }  // namespace orr::test

@@ -34,6 +34,9 @@ std::vector<std::string> entryNames(const fs::path& folder);
 // was" checks.
 std::map<std::string, std::string> snapshot(const fs::path& root);
 
+// A stand-in for an external program: an executable shell script `file` running `body`.
+void writeProgram(const fs::path& file, std::string_view body);
+
 // Makes a folder read-only for its lifetime: no file can be created, renamed or deleted in it.
 // Permissions do not bind root, so for root the folder is also made immutable where the file
 // system allows it. enforced() tells whether it worked; tests skip their checks otherwise.

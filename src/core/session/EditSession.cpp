@@ -6,9 +6,9 @@
 #include <system_error>
 
 #include "session/SystemFiles.h"
-#include "store/SystemName.h"
 #include "store/FileIo.h"
 #include "store/PictureFiles.h"
+#include "store/SystemName.h"
 #include "text/Text.h"
 
 namespace orr {
@@ -40,9 +40,12 @@ fs::path EditSession::workingCopy() const {
 }
 
 bool EditSession::isModified() const {
-    if (!isOpen()) return false;
-    return store_.IsModified() || pictures_.planetsDifferFrom(savedPictures_) ||
-           pictures_.star() != savedPictures_.star();
+    return isOpen() && (store_.IsModified() || picturesDiffer());
+}
+
+bool EditSession::picturesDiffer() const {
+    return isOpen() && (pictures_.planetsDifferFrom(savedPictures_) ||
+                        pictures_.star() != savedPictures_.star() || pictures_.removesAnimations());
 }
 
 int EditSession::subscribe(Listener listener) {
@@ -80,10 +83,11 @@ bool EditSession::open(const std::string& name, const std::function<bool()>& ask
         close();
         return ok;
     }
-    const LoadResult result = store_.LoadSystem(name);
-    if (loaded) *loaded = result;
+    LoadResult result = store_.LoadSystem(name);
     hasBlock_ = store_.HasSystemBlock();
-    loadPictures();
+    if (const std::string problem = loadPictures(); !problem.empty())
+        result.warning += (result.warning.empty() ? "" : " ") + problem;
+    if (loaded) *loaded = result;
     history_.clear();
     notify({kSystemOpened | kSavedChanged});
     return true;
@@ -105,8 +109,9 @@ void EditSession::close() {
     notify({kSystemOpened | kSavedChanged});
 }
 
-void EditSession::loadPictures() {
+std::string EditSession::loadPictures() {
     pictures_.reset(store_.record().PlanetCount);
+    std::string problem;
     if (codec_) {
         const std::string& name = store_.record().Name;
         const int count = store_.record().PlanetCount;
@@ -114,17 +119,33 @@ void EditSession::loadPictures() {
         if (const auto strip = findStripFile(folder(), name); strip && count > 0) {
             std::vector<PictureRef> cells = codec_->loadStrip(*strip, count, &error);
             if (!cells.empty()) pictures_.setPlanets(std::move(cells));
+            // The file stays as it is until the planet pictures are changed and saved.
+            else
+                problem = "The planet pictures could not be read: " + error;
         }
-        if (const auto star = findStarPicture(folder(), name))
+        if (const auto star = findStarPicture(folder(), name)) {
             pictures_.setStar(codec_->loadPicture(*star, &error));
+            if (!pictures_.star())
+                problem +=
+                    (problem.empty() ? "" : " ") + ("The star picture could not be read: " + error);
+        }
     }
     savedPictures_ = pictures_;
+    return problem;
 }
 
 bool EditSession::savePictures() {
-    if (!codec_) return true;
     const std::string& name = store_.record().Name;
     std::string error;
+    for (int n = 1; n <= kMaxPlanets; ++n) {
+        if (!pictures_.animationRemoved(n)) continue;
+        const std::optional<fs::path> animation = findAnimation(folder(), name, n);
+        if (animation && !removeFile(*animation, &error)) return fail(error);
+    }
+    // The files are gone: a file of that name that comes later is a new one, kept.
+    pictures_.clearAnimationRemovals();
+    savedPictures_.clearAnimationRemovals();
+    if (!codec_) return true;
     if (pictures_.planetsDifferFrom(savedPictures_)) {
         if (!pictures_.hasAnyPlanetPicture()) {
             const std::string problem = deletePictureFiles(folder(), name, PictureFileKind::Strip);
@@ -244,7 +265,8 @@ bool EditSession::saveAs(const std::string& newName) {
     for (const std::string& problem : problems) {
         if (!problem.empty()) lastWarning_ += (lastWarning_.empty() ? "" : " ") + problem;
     }
-    if (!lastWarning_.empty()) lastWarning_ = "The system was saved as " + newName + ". " + lastWarning_;
+    if (!lastWarning_.empty())
+        lastWarning_ = "The system was saved as " + newName + ". " + lastWarning_;
     notify({kStarChanged | kNamesChanged | kPicturesChanged | kSavedChanged});
     return true;
 }
@@ -344,8 +366,8 @@ bool EditSession::Command::commit(bool ok) {
             return true;
         }
     }
-    s.history_.push(HistoryStep{name_, mergeKey_, notice_, recordBefore_, record,
-                                picturesBefore_, s.pictures_, std::move(diff)});
+    s.history_.push(HistoryStep{name_, mergeKey_, notice_, recordBefore_, record, picturesBefore_,
+                                s.pictures_, std::move(diff)});
     s.notify(notice_ | ChangeNotice{kSavedChanged});
     return true;
 }

@@ -48,6 +48,8 @@ class EditSession {
     bool requireSystemBlock();
     // The working copy differs from the saved descriptor, or pictures are not saved yet.
     bool isModified() const;
+    // The pictures (and the animations to remove) differ from the saved ones: Save writes them.
+    bool picturesDiffer() const;
     // Starts a new check round of the files (see ProfileStore): windows call it before they
     // read the system for a refresh.
     void recheck() const { store_.recheck(); }
@@ -143,7 +145,8 @@ class EditSession {
 
     fs::path workingCopy() const;
     void notify(const ChangeNotice& notice);
-    void loadPictures();
+    // Reads the picture files; says what could not be read.
+    std::string loadPictures();
     bool savePictures();
     // The steps of Save before the commit: the block and the pictures.
     bool saveSteps();

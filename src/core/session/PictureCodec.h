@@ -15,8 +15,9 @@ class PictureCodec {
   public:
     virtual ~PictureCodec() = default;
 
-    // The strip cut into `count` pictures of equal width, side by side from the left. Empty,
-    // with the reason in *error, when the file cannot be read as a picture.
+    // The strip cut into `count` pictures of equal width, side by side from the left (null for a
+    // blank cell). Empty, with the reason in *error, when the file cannot be read as a picture
+    // or is narrower than `count` pixels.
     virtual std::vector<PictureRef> loadStrip(const std::filesystem::path& file, int count,
                                               std::string* error) = 0;
     // Composes the pictures into a strip (a blank cell for a missing one) and writes it as a

@@ -7,6 +7,7 @@ namespace orr {
 void PictureSet::reset(int count) {
     planets_.assign(static_cast<std::size_t>(std::max(count, 1)), nullptr);
     star_.reset();
+    removedAnimations_ = 0;
 }
 
 PictureRef PictureSet::planet(int n) const {

@@ -1,12 +1,12 @@
 #pragma once
 // The pictures of the open system as the edit session holds them: one picture per planet (the
-// cells of the system's picture strip) and the star's own picture. The core never looks inside a
+// cells of the system's picture strip), the star's own picture, and the planets' animation files
+// that are removed when the system is saved. The core never looks inside a
 // picture: the windows' picture codec makes and reads them, and the session only moves the
 // references, so an undo step keeps a picture by sharing it, not by copying it.
 
 #include <memory>
 #include <vector>
-
 
 namespace orr {
 
@@ -41,6 +41,17 @@ class PictureSet {
     // in some slot, or another number of slots while any picture exists.
     bool planetsDifferFrom(const PictureSet& saved) const;
 
+    // The animation file of planet n (Name + n + ".avi") goes when the system is saved. Files
+    // keep their numbers when planets move, so the mark does too.
+    bool animationRemoved(int n) const {
+        return n >= 1 && n <= 10 && (removedAnimations_ >> n) & 1u;
+    }
+    void removeAnimation(int n) {
+        if (n >= 1 && n <= 10) removedAnimations_ |= 1u << n;
+    }
+    bool removesAnimations() const { return removedAnimations_ != 0; }
+    void clearAnimationRemovals() { removedAnimations_ = 0; }
+
     // The planet operations keep pictures with their planets.
     void swapPictures(int a, int b);
     void addPictureSlot();
@@ -52,6 +63,7 @@ class PictureSet {
   private:
     std::vector<PictureRef> planets_{1};  // planet n in element n - 1
     PictureRef star_;
+    unsigned removedAnimations_ = 0;  // bit n: planet n's animation
 
     bool inRange(int n) const { return n >= 1 && n <= count(); }
 };

@@ -1,5 +1,7 @@
 #include "session/SystemEdits.h"
 
+#include "session/PictureStrip.h"
+#include "store/PictureFiles.h"
 #include "store/Tables.h"
 #include "text/Text.h"
 
@@ -31,7 +33,8 @@ ChangeNotice noticeForSection(const std::string& section) {
     if (text::equalsIgnoreCase(name, "Names")) return {kNamesChanged};
     if (text::equalsIgnoreCase(name, "General")) return {kFlagsChanged};
     const long long planet = text::leadingValue(name);
-    return {kPlanetKeysChanged, planet >= 1 && planet <= kMaxPlanets ? static_cast<int>(planet) : 0};
+    return {kPlanetKeysChanged,
+            planet >= 1 && planet <= kMaxPlanets ? static_cast<int>(planet) : 0};
 }
 
 }  // namespace
@@ -102,15 +105,72 @@ bool setDisplayName(EditSession& session, const std::string& name) {
 bool setPlanetPicture(EditSession& session, int n, PictureRef picture) {
     if (n < 1 || n > std::max<int>(session.record().PlanetCount, 1))
         return session.fail("There is no planet " + std::to_string(n) + " in this system.");
-    auto command = session.command("Change Picture of Planet " + std::to_string(n), {kPicturesChanged});
+    auto command =
+        session.command("Change Picture of Planet " + std::to_string(n), {kPicturesChanged});
     command.pictures().setPlanet(n, std::move(picture));
     return command.commit();
 }
 
 bool setStarPicture(EditSession& session, PictureRef picture) {
-    auto command = session.command("Change Star Picture", {kPicturesChanged | kStarChanged});
+    if (picture && !isStarPictureSize(picture->width(), picture->height()))
+        return session.fail(kStarPictureSizeMessage);
+    auto command = session.command(picture ? "Change Star Picture" : "Remove Star Picture",
+                                   {kPicturesChanged | kStarChanged});
     command.pictures().setStar(std::move(picture));
     return command.commit();
+}
+
+namespace {
+
+bool requirePlanet(EditSession& session, int n) {
+    if (n >= 1 && n <= session.record().PlanetCount) return true;
+    return session.fail("There is no planet " + std::to_string(n) + " in this system.");
+}
+
+// Planet n's picture and its custom-pictures switch, and its animation gone if `dropAnimation`.
+bool changePlanetPicture(EditSession& session, const std::string& name, int n, PictureRef picture,
+                         bool dropAnimation) {
+    if (!requirePlanet(session, n)) return false;
+    const bool custom = picture != nullptr;
+    auto command = session.command(name, {kPicturesChanged | kFlagsChanged});
+    command.pictures().setPlanet(n, std::move(picture));
+    if (dropAnimation && planetAnimation(session, n)) command.pictures().removeAnimation(n);
+    return command.commit(
+        command.store().SetGeneralFlag(kPlanetPics, n, command.record().PlanetCount, custom));
+}
+
+}  // namespace
+
+bool assignPlanetPicture(EditSession& session, int n, PictureRef picture) {
+    if (!picture) return removePlanetPicture(session, n);
+    return changePlanetPicture(session, "New Picture for Planet " + std::to_string(n), n,
+                               std::move(picture), true);
+}
+
+bool removePlanetPicture(EditSession& session, int n) {
+    return changePlanetPicture(session, "Remove Picture of Planet " + std::to_string(n), n, nullptr,
+                               false);
+}
+
+bool removeAllPlanetPictures(EditSession& session) {
+    auto command = session.command("Remove All Pictures", {kPicturesChanged});
+    command.pictures().resetPictures(command.pictures().count());
+    return command.commit();
+}
+
+bool removeAnimation(EditSession& session, int n) {
+    if (!requirePlanet(session, n)) return false;
+    if (!planetAnimation(session, n))
+        return session.fail("Planet " + std::to_string(n) + " has no animation.");
+    auto command =
+        session.command("Remove Animation of Planet " + std::to_string(n), {kPicturesChanged});
+    command.pictures().removeAnimation(n);
+    return command.commit();
+}
+
+std::optional<fs::path> planetAnimation(const EditSession& session, int n) {
+    if (!session.isOpen() || session.pictures().animationRemoved(n)) return std::nullopt;
+    return findAnimation(session.folder(), session.name(), n);
 }
 
 std::string keyProblem(const std::string& section, const std::string& key) {

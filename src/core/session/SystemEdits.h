@@ -3,6 +3,7 @@
 // description and type, the display name the game shows, pictures, and single keys. Each is one
 // undoable step of the edit session.
 
+#include <optional>
 #include <string>
 
 #include "session/EditSession.h"
@@ -29,9 +30,21 @@ bool setDisplayName(EditSession& session, const std::string& name);
 std::string displayNameProblem(const std::string& name);
 
 // Planet n's picture (null removes it), and the star's own picture (null: the star shows its
-// type's picture). They reach the picture files when the system is saved.
+// type's picture; any other must be 16 x 16, else kStarPictureSizeMessage). They reach the
+// picture files when the system is saved.
 bool setPlanetPicture(EditSession& session, int n, PictureRef picture);
 bool setStarPicture(EditSession& session, PictureRef picture);
+
+// The pictures window's commands, each one step. New: planet n gets the picture, loses its
+// animation and uses custom pictures. Remove: the picture goes and the planet stops using custom
+// pictures. Remove All: every planet's picture goes (switches and animations stay). An animation
+// removed is deleted when the system is saved.
+bool assignPlanetPicture(EditSession& session, int n, PictureRef picture);
+bool removePlanetPicture(EditSession& session, int n);
+bool removeAllPlanetPictures(EditSession& session);
+bool removeAnimation(EditSession& session, int n);
+// Planet n's animation file, unless it is removed at the next save.
+std::optional<fs::path> planetAnimation(const EditSession& session, int n);
 
 // One key of the working copy, as the command-line tool's "set" and "delete-key" change it.
 bool writeKey(EditSession& session, const std::string& section, const std::string& key,

@@ -42,10 +42,12 @@ std::optional<PictureFile> classify(const std::string& name, std::string_view fi
     if (dot == std::string_view::npos) return std::nullopt;
     const std::string_view stem = rest.substr(0, dot);
     const std::string_view extension = rest.substr(dot + 1);
-    if (stem.empty() && isPictureExtension(extension)) return PictureFile{{}, PictureFileKind::Strip, 0};
+    if (stem.empty() && isPictureExtension(extension))
+        return PictureFile{{}, PictureFileKind::Strip, 0};
     if (text::equalsIgnoreCase(stem, "Sun") && isPictureExtension(extension) && !sunIsAnotherSystem)
         return PictureFile{{}, PictureFileKind::Star, 0};
-    if (const int planet = animationNumber(stem); planet > 0 && text::equalsIgnoreCase(extension, "avi"))
+    if (const int planet = animationNumber(stem);
+        planet > 0 && text::equalsIgnoreCase(extension, "avi"))
         return PictureFile{{}, PictureFileKind::Animation, planet};
     return std::nullopt;
 }
@@ -99,7 +101,8 @@ PictureFileList systemPictureFiles(const GameFolder& folder, const std::string& 
 }
 
 std::optional<fs::path> findStripFile(const GameFolder& folder, const std::string& name) {
-    const std::vector<fs::path> strips = systemPictureFiles(folder, name).paths(PictureFileKind::Strip);
+    const std::vector<fs::path> strips =
+        systemPictureFiles(folder, name).paths(PictureFileKind::Strip);
     if (strips.empty()) return std::nullopt;
     // Several spellings or types: the one a save writes comes first, then the smallest name, so
     // the choice does not depend on the order the folder lists them in.
@@ -109,11 +112,23 @@ std::optional<fs::path> findStripFile(const GameFolder& folder, const std::strin
 }
 
 std::optional<fs::path> findStarPicture(const GameFolder& folder, const std::string& name) {
-    const std::vector<fs::path> stars = systemPictureFiles(folder, name).paths(PictureFileKind::Star);
+    const std::vector<fs::path> stars =
+        systemPictureFiles(folder, name).paths(PictureFileKind::Star);
     if (stars.empty()) return std::nullopt;
     const fs::path preferred = starPictureFor(folder, name);
     if (std::find(stars.begin(), stars.end(), preferred) != stars.end()) return preferred;
     return *std::min_element(stars.begin(), stars.end());
+}
+
+std::optional<fs::path> findAnimation(const GameFolder& folder, const std::string& name, int n) {
+    const PictureFileList list = systemPictureFiles(folder, name);
+    std::optional<fs::path> found;
+    for (const PictureFile& file : list.files) {
+        if (file.kind == PictureFileKind::Animation && file.planet == n &&
+            (!found || file.path < *found))
+            found = file.path;
+    }
+    return found;
 }
 
 fs::path stripFileFor(const GameFolder& folder, const std::string& name) {

@@ -42,6 +42,8 @@ PictureFileList systemPictureFiles(const GameFolder& folder, const std::string& 
 std::optional<fs::path> findStripFile(const GameFolder& folder, const std::string& name);
 // The star picture the system opens with, if any.
 std::optional<fs::path> findStarPicture(const GameFolder& folder, const std::string& name);
+// Planet n's animation, if there is one.
+std::optional<fs::path> findAnimation(const GameFolder& folder, const std::string& name, int n);
 
 // Where a save writes the strip and the star picture: the existing file of that name in any
 // letter case, else a new one.

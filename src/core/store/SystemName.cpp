@@ -77,28 +77,50 @@ std::optional<std::string> CheckSystemName(std::string_view name) {
     return std::nullopt;
 }
 
-std::string EncodeStarArgument(const std::string& key) {
-    constexpr std::size_t kArgumentWidth = 21;
+namespace {
+
+constexpr std::size_t kStarArgumentWidth = 21;
+
+// Steps 1 to 5 of the start argument: the key with its leading number made one character.
+std::string starArgumentBody(const std::string& key) {
     const long long value = text::leadingValue(key);
-    std::string argument;
     if (value > 0 && value < 254) {
         // The planet count becomes one character; the digits it replaces are as many as the
         // number has.
         const std::size_t digits = std::to_string(value).size();
-        argument =
-            std::string(1, static_cast<char>(value)) + key.substr(std::min(digits, key.size()));
-    } else if (value >= 254) {
-        const long long firstTwo = text::leadingValue(key.substr(0, 2));
-        argument = std::string(1, static_cast<char>(firstTwo)) +
-                   key.substr(std::min<std::size_t>(2, key.size()));
-    } else if (value == 0 && !key.empty() && key[0] == '0') {
-        argument = std::string(1, '\0') + key.substr(1);
-    } else {
-        argument = std::string(1, static_cast<char>(254)) + key;
+        return std::string(1, static_cast<char>(value)) + key.substr(std::min(digits, key.size()));
     }
-    argument = text::fitWidth(argument, kArgumentWidth);
+    if (value >= 254) {
+        const long long firstTwo = text::leadingValue(key.substr(0, 2));
+        return std::string(1, static_cast<char>(firstTwo)) +
+               key.substr(std::min<std::size_t>(2, key.size()));
+    }
+    if (value == 0 && !key.empty() && key[0] == '0') return std::string(1, '\0') + key.substr(1);
+    return std::string(1, static_cast<char>(254)) + key;
+}
+
+}  // namespace
+
+std::string EncodeStarArgument(const std::string& key) {
+    std::string argument = text::fitWidth(starArgumentBody(key), kStarArgumentWidth);
     for (char& c : argument) c = static_cast<char>(255 - static_cast<unsigned char>(c));
     return argument;
+}
+
+std::optional<std::string> StarArgumentProblem(const std::string& key) {
+    const std::size_t length = starArgumentBody(key).size();
+    if (length > kStarArgumentWidth) {
+        return "The name of the system " + key +
+               " is too long for the game's start argument: the game takes at most " +
+               std::to_string(kStarArgumentWidth - 1) +
+               " characters (after a leading planet count), and this one has " +
+               std::to_string(length - 1) + ".";
+    }
+    // The character 255 becomes 0 in the argument, which no command line can carry.
+    if (key.find('\xFF') != std::string::npos)
+        return "The game cannot be started at the system " + key +
+               ": its name holds the letter \xFF, which the game's start argument cannot carry.";
+    return std::nullopt;
 }
 
 }  // namespace orr

@@ -18,5 +18,8 @@ std::optional<std::string> CheckSystemName(std::string_view name);
 // the marker 254 and its name, a replacement of a listed system its planet count as one
 // character and its name; every character is then inverted (255 - code).
 std::string EncodeStarArgument(const std::string& key);
+// Why the game cannot be started at the system `key`: the argument would be longer than 21
+// characters (the game would see a cut name), or would hold a character 0. nullopt when it can.
+std::optional<std::string> StarArgumentProblem(const std::string& key);
 
 }  // namespace orr

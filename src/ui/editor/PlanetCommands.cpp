@@ -70,6 +70,7 @@ void PlanetCommands::showProperties(int planet) {
     if (planet < 1 || planet > session_.record().PlanetCount) return;
     frmPlanet dialog(session_, &window_);
     if (messageEditor_) dialog.setMessageEditorOpener(messageEditor_);
+    if (pictureEditor_) dialog.setPictureEditorOpener(pictureEditor_);
     dialog.ShowPlanetProperties(planet);
 }
 

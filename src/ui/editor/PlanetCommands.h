@@ -21,6 +21,10 @@ class PlanetCommands {
 
     PlanetCommands(QWidget& window, EditSession& session);
     void setMessageEditorOpener(MessageEditorOpener opener) { messageEditor_ = std::move(opener); }
+    // Opens the pictures window at a planet (the properties dialog's picture "Edit").
+    void setPictureEditorOpener(std::function<void(int planet)> opener) {
+        pictureEditor_ = std::move(opener);
+    }
     bool canEditMessages() const { return static_cast<bool>(messageEditor_); }
 
     void addPlanet();
@@ -42,6 +46,7 @@ class PlanetCommands {
     QWidget& window_;
     EditSession& session_;
     MessageEditorOpener messageEditor_;
+    std::function<void(int planet)> pictureEditor_;
 };
 
 }  // namespace orr::ui

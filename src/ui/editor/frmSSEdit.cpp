@@ -13,6 +13,7 @@
 #include <QVBoxLayout>
 
 #include "editor/DisplayNameBox.h"
+#include "editor/ExternalCommands.h"
 #include "editor/InfoPanel.h"
 #include "editor/PlanetCommands.h"
 #include "editor/StarStrip.h"
@@ -23,6 +24,7 @@
 #include "editor/SystemSaveCommands.h"
 #include "editor/frmAbout.h"
 #include "platform/Modal.h"
+#include "platform/ProcessLauncher.h"
 #include "platform/Prompts.h"
 #include "platform/QtText.h"
 #include "platform/Settings.h"
@@ -43,6 +45,7 @@ frmSSEdit::frmSSEdit(GameFolder folder, QWidget* parent)
     lifecycle_ = std::make_unique<SystemLifecycle>(*this, session_, *cboSystems);
     saving_ = std::make_unique<SystemSaveCommands>(*this, session_, *cboSystems, *lifecycle_);
     planets_ = std::make_unique<PlanetCommands>(*this, session_);
+    external_ = std::make_unique<ExternalCommands>(*this, session_, *saving_);
     connectCommands();
     connectPlanetMenus();
     picSolarSystem->setRecord(&session_.record());
@@ -126,6 +129,12 @@ void frmSSEdit::connectCommands() {
     connect(menus_.mnuFSaveAs, &QAction::triggered, this, [saving] { saving->saveAs(); });
     connect(menus_.mnuFClear, &QAction::triggered, this, [saving] { saving->clearPlanets(); });
     connect(menus_.mnuFDelete, &QAction::triggered, this, [saving] { saving->deleteSystem(); });
+    ExternalCommands* external = external_.get();
+    connect(menus_.mnuFTest, &QAction::triggered, this,
+            [external] { external->testInVoidrunner(); });
+    connect(menus_.mnuFPackage, &QAction::triggered, this, [external] { external->makePackage(); });
+    connect(menus_.mnuPPics, &QAction::triggered, this, [external] { external->showPictures(1); });
+    planets_->setPictureEditorOpener([external](int planet) { external->showPictures(planet); });
     connect(menus_.mnuFExit, &QAction::triggered, this, [this, life] {
         if (!life->confirmExit()) return;
         exitConfirmed_ = true;
@@ -137,7 +146,8 @@ void frmSSEdit::connectCommands() {
         frmAbout about(this);
         runDialog(about);
     });
-    for (QObject* source : {static_cast<QObject*>(life), static_cast<QObject*>(saving)}) {
+    for (QObject* source : {static_cast<QObject*>(life), static_cast<QObject*>(saving),
+                            static_cast<QObject*>(external)}) {
         connect(source, SIGNAL(statusMessage(QString)), statusBar(), SLOT(showMessage(QString)));
     }
     connect(nameBox_, &DisplayNameBox::nameEntered, this, [this](const QString& name) {
@@ -270,14 +280,8 @@ void frmSSEdit::applyEnablingRules() {
     menus_.mnuPlanet->setEnabled(open);
     menus_.mnuPAdd->setEnabled(open);
     menus_.mnuPOrder->setEnabled(open && count >= 2);
-    // Commands that come with later windows say so where the pointer rests on them.
-    const QString later = QStringLiteral("Not available yet in this version of Orrerion.");
-    for (QAction* item : {menus_.mnuFTest, menus_.mnuFPackage, menus_.mnuPPics, menus_.mnuPicture,
-                          menus_.mnuStarPic}) {
-        item->setEnabled(false);
-        item->setStatusTip(later);
-        item->setToolTip(later);
-    }
+    menus_.mnuPPics->setEnabled(open && count >= 1);
+    for (QAction* item : {menus_.mnuFTest, menus_.mnuFPackage}) item->setEnabled(open);
     menus_.mnuMessages->setEnabled(planets_->canEditMessages());
 }
 
@@ -303,7 +307,7 @@ void frmSSEdit::runPlanetMenu(int planet, const QPoint& globalPos) {
     const int planetClass = session_.record().planet(planet).PlanetClass;
     for (QAction* entry : menus_.mnuPClass) entry->setChecked(entry->data().toInt() == planetClass);
 
-    // Properties and Messages open windows of their own, so they wait until the menu is gone.
+    // Properties, Messages and Picture open windows of their own: they wait for the menu to go.
     QAction* chosen = nullptr;
     const auto remember = connect(menus_.mnuPopup, &QMenu::triggered, this,
                                   [&chosen](QAction* action) { chosen = action; });
@@ -314,6 +318,8 @@ void frmSSEdit::runPlanetMenu(int planet, const QPoint& globalPos) {
         planets_->showProperties(planet);
     } else if (chosen == menus_.mnuMessages) {
         planets_->editMessages(planet);
+    } else if (chosen == menus_.mnuPicture) {
+        external_->showPictures(planet);
     }
     picSolarSystem->setHighlightLocked(false);
     picSolarSystem->trackPointer();
@@ -327,7 +333,15 @@ void frmSSEdit::runStarMenu(const QPoint& globalPos) {
     const bool own = picStar->showsOwnPicture();
     menus_.mnuType->setEnabled(!own);
     menus_.mnuStarPic->setChecked(own);
+    // Picture asks questions and may wait for the paint program: it waits for the menu to go.
+    QAction* chosen = nullptr;
+    const auto remember = connect(menus_.mnuPopupStar, &QMenu::triggered, this,
+                                  [&chosen](QAction* action) { chosen = action; });
     runMenu(*menus_.mnuPopupStar, globalPos);
+    disconnect(remember);
+    // The entry's check mark says whether the star has its own picture, not what a click made it.
+    menus_.mnuStarPic->setChecked(own);
+    if (chosen == menus_.mnuStarPic) external_->starPicture(picStar->picture());
     picSolarSystem->trackPointer();
 }
 
@@ -341,7 +355,12 @@ void frmSSEdit::endWithoutQuestions() {
 }
 
 void frmSSEdit::closeEvent(QCloseEvent* event) {
-    // Exit has asked already; an ending of the session or the application asks nothing.
+    // Exit has asked already; an ending of the session or the application asks nothing. While
+    // an external program works on a file the editor gave it, the editor stays.
+    if (isWaitingForProgram() && !endingQuietly_) {
+        event->ignore();
+        return;
+    }
     if (endingQuietly_ || exitConfirmed_ || lifecycle_->confirmExit()) {
         event->accept();
         return;

@@ -4,7 +4,8 @@
 // edit their planets and star. It lives for the whole run and owns the edit session.
 //
 // The window holds widgets and wiring: the life of systems is in SystemLifecycle and
-// SystemSaveCommands, the planet and star commands in PlanetCommands, the menus in MainMenus,
+// SystemSaveCommands, the planet and star commands in PlanetCommands, the pictures, the package
+// and the game's start in ExternalCommands, the menus in MainMenus,
 // and every rule in the core. Whatever changes the system, the window shows it again when the
 // session reports the change.
 
@@ -23,6 +24,7 @@ class QPushButton;
 namespace orr::ui {
 
 class DisplayNameBox;
+class ExternalCommands;
 class InfoPanel;
 class PlanetCommands;
 class StarStrip;
@@ -100,6 +102,7 @@ class frmSSEdit : public QMainWindow {
     std::unique_ptr<SystemLifecycle> lifecycle_;
     std::unique_ptr<SystemSaveCommands> saving_;
     std::unique_ptr<PlanetCommands> planets_;
+    std::unique_ptr<ExternalCommands> external_;
     int dragId_ = 0;
     bool endingQuietly_ = false;
     bool exitConfirmed_ = false;

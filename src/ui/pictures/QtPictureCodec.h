@@ -7,6 +7,7 @@
 #include <QImage>
 
 #include "session/PictureCodec.h"
+#include "session/PictureStrip.h"
 
 namespace orr::ui {
 
@@ -27,10 +28,11 @@ orr::PictureRef pictureOf(const QImage& image);  // null for a null image
 
 class QtPictureCodec : public orr::PictureCodec {
   public:
-    // A cell of a saved strip has the size of the pictures window's display area; larger
-    // pictures are cut at the cell's right and bottom edges.
-    static constexpr int kCellWidth = 160;
-    static constexpr int kCellHeight = 120;
+    // A cell of a saved strip has the size of the pictures window's display area; a picture is
+    // centred in its cell, as the window shows it, and cut at the cell's edges when larger. A
+    // cell left blank (no picture) is read back as no picture.
+    static constexpr int kCellWidth = orr::kCellWidth;
+    static constexpr int kCellHeight = orr::kCellHeight;
 
     std::vector<orr::PictureRef> loadStrip(const std::filesystem::path& file, int count,
                                            std::string* error) override;

@@ -16,19 +16,23 @@ QString fullKey(const QString& key) {
 }  // namespace
 
 QString Settings::defaultPaintProgram() {
-    return QStringLiteral("C:\\Program Files\\Accessories\\MsPaint.exe");
+    return QString::fromStdString(programs::defaultPaintProgram());
 }
 
 QString Settings::defaultPaintOptions() {
-    return QStringLiteral("\"%1\"");
+    return QString::fromStdString(programs::defaultPaintOptions());
 }
 
 QString Settings::defaultZipProgram() {
-    return QStringLiteral("C:\\Program Files\\WinZip\\WinZip32.exe");
+    return QString::fromStdString(programs::defaultZipProgram());
 }
 
 QString Settings::defaultZipOptions() {
-    return QStringLiteral("-min -a \"%1.zip\" \"%1\"");
+    return QString::fromStdString(programs::defaultZipOptions());
+}
+
+QString Settings::defaultGameLauncher() {
+    return QString::fromStdString(programs::defaultGameLauncher());
 }
 
 QString Settings::text(const QString& key, const QString& fallback) {
@@ -99,6 +103,12 @@ QString Settings::zipOptions() {
 }
 void Settings::setZipOptions(const QString& options) {
     setText(kZipOptions, options);
+}
+QString Settings::gameLauncher() {
+    return text(kGameLauncher, defaultGameLauncher());
+}
+void Settings::setGameLauncher(const QString& launcher) {
+    setText(kGameLauncher, launcher);
 }
 
 }  // namespace orr::ui

@@ -5,21 +5,28 @@
 
 #include <QString>
 
+#include "external/ProgramSettings.h"
+
 namespace orr::ui {
 
 class Settings {
   public:
     static inline const QString kDisplayAsteroids = QStringLiteral("Display Asteroids");
     static inline const QString kShowAbout = QStringLiteral("Show About");
-    static inline const QString kPaintProgram = QStringLiteral("Paint Program");
-    static inline const QString kPaintOptions = QStringLiteral("Paint Options");
-    static inline const QString kZipProgram = QStringLiteral("Zip Program");
-    static inline const QString kZipOptions = QStringLiteral("Zip Options");
+    static inline const QString kPaintProgram = QString::fromLatin1(programs::kPaintProgram);
+    static inline const QString kPaintOptions = QString::fromLatin1(programs::kPaintOptions);
+    static inline const QString kZipProgram = QString::fromLatin1(programs::kZipProgram);
+    static inline const QString kZipOptions = QString::fromLatin1(programs::kZipOptions);
+    static inline const QString kGameLauncher = QString::fromLatin1(programs::kGameLauncher);
 
-    static QString defaultPaintProgram();  // C:\Program Files\Accessories\MsPaint.exe
+    // The defaults of the external programs (see core/external/ProgramSettings.h): MsPaint on
+    // Windows, else a paint program found in PATH; no zip program (the editor zips itself);
+    // the game started under wine except on Windows.
+    static QString defaultPaintProgram();
     static QString defaultPaintOptions();  // "%1"
-    static QString defaultZipProgram();    // C:\Program Files\WinZip\WinZip32.exe
-    static QString defaultZipOptions();    // -min -a "%1.zip" "%1"
+    static QString defaultZipProgram();
+    static QString defaultZipOptions();  // -min -a "%1.zip" "%1"
+    static QString defaultGameLauncher();
 
     static bool displayAsteroids();
     static void setDisplayAsteroids(bool on);
@@ -33,6 +40,8 @@ class Settings {
     static void setZipProgram(const QString& program);
     static QString zipOptions();
     static void setZipOptions(const QString& options);
+    static QString gameLauncher();
+    static void setGameLauncher(const QString& launcher);
 
     // Any key of the group; `fallback` when it is not stored.
     static QString text(const QString& key, const QString& fallback);

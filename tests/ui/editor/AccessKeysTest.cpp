@@ -23,6 +23,7 @@
 #include "rooms/frmLock.h"
 #include "rooms/frmWizard.h"
 #include "session/RoomEdits.h"
+#include "pictures/frmPictures.h"
 #include "support/MainWindowHarness.h"
 
 using namespace orr;
@@ -106,6 +107,8 @@ class AccessKeysTest : public QObject {
         frmAdvancedRoom advanced(h.session(), 1, noFlag);
         frmWizard wizard;
         wizard.SetAdvanced(&advanced);
+        frmPictures pictures(h.session());
+        pictures.showPlanet(1);
 
         QStringList found = clashesIn(QStringLiteral("frmSSEdit"), h.window());
         for (const auto& [name, window] : std::initializer_list<std::pair<QString, QWidget*>>{
@@ -116,6 +119,7 @@ class AccessKeysTest : public QObject {
                  {"frmFlag", &flag},
                  {"frmSystem", &system},
                  {"frmMessages browsing", &messages},
+                 {"frmPictures", &pictures},
                  {"frmEditRoom", &room},
                  {"frmLock", &lock},
                  {"frmAdvancedRoom", &advanced}})

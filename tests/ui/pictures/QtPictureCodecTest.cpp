@@ -25,7 +25,8 @@ class QtPictureCodecTest : public QObject {
     void aStripIsSavedAndCutBackIntoTheSameCells() {
         orr::test::TempGameFolder game(orr::test::TempGameFolder::Contents::Bare);
         QtPictureCodec codec;
-        // Larger than a cell: cut at its edge; a missing picture: a blank cell.
+        // Centred in the cell and cut at its edges when larger; a missing picture: a blank cell,
+        // read back as no picture.
         const std::vector<orr::PictureRef> pictures{filled(200, 150, Qt::red), nullptr,
                                                     filled(10, 10, Qt::blue)};
         std::string error;
@@ -38,13 +39,30 @@ class QtPictureCodecTest : public QObject {
         const QImage first = imageOf(cells[0]);
         QCOMPARE(first.size(), QSize(QtPictureCodec::kCellWidth, QtPictureCodec::kCellHeight));
         QCOMPARE(first.pixelColor(QtPictureCodec::kCellWidth - 1, 10), QColor(Qt::red));
-        QCOMPARE(imageOf(cells[1]).pixelColor(10, 10), QColor(Qt::black));
-        QCOMPARE(imageOf(cells[2]).pixelColor(0, 0), QColor(Qt::blue));
-        QCOMPARE(imageOf(cells[2]).pixelColor(20, 20), QColor(Qt::black));
+        QCOMPARE(first.pixelColor(0, 0), QColor(Qt::red));
+        QVERIFY(!cells[1]);
+        QCOMPARE(imageOf(cells[2]).pixelColor(80, 60), QColor(Qt::blue));
+        QCOMPARE(imageOf(cells[2]).pixelColor(0, 0), QColor(Qt::black));
 
-        orr::test::writeBytes(game.pictures() / "junk.bmp", "not a picture");
-        QVERIFY(codec.loadStrip(game.pictures() / "junk.bmp", 2, &error).empty());
-        QVERIFY(QString::fromStdString(error).contains("not a picture"));
+        // A strip narrower than its planets, and files that are no picture that can be used:
+        // each is refused with its reason, none is decoded in full.
+        QVERIFY(codec.loadStrip(file, 500, &error).empty());
+        QVERIFY(QString::fromStdString(error).contains("too narrow"));
+        QByteArray huge("BM");  // a bitmap header that claims 20000 x 16 pixels
+        for (const quint32 field : {0u, 0u, 54u, 40u, 20000u, 16u}) {
+            huge += QByteArray(4, '\0');
+            qToLittleEndian(field, huge.data() + huge.size() - 4);
+        }
+        huge += QByteArray("\x01\x00\x18\x00", 4) + QByteArray(24, '\0');
+        const std::pair<std::string, QString> bad[] = {{"", "not a picture"},
+                                                       {"not a picture", "not a picture"},
+                                                       {"GIF89a\x01", "not a picture"},
+                                                       {huge.toStdString(), "too large"}};
+        for (const auto& [bytes, why] : bad) {
+            orr::test::writeBytes(game.pictures() / "bad.gif", bytes);
+            QVERIFY(!codec.loadPicture(game.pictures() / "bad.gif", &error));
+            QVERIFY2(QString::fromStdString(error).contains(why), error.c_str());
+        }
     }
 };
 
