@@ -19,20 +19,21 @@ struct CliError : std::runtime_error {
 };
 
 struct CliContext {
-    GameFolder folder;   // from --game-dir, else the current folder; voidrunner.exe checked
-    std::ostream& out;   // bytes as stored, LF line ends
-    std::istream& in;    // for commands that read standard input
+    GameFolder folder;  // from --game-dir, else the current folder; voidrunner.exe checked
+    std::ostream& out;  // bytes as stored, LF line ends
+    std::istream& in;   // for commands that read standard input
 };
 
 struct CommandSpec {
     std::string name;
     std::string usage;  // e.g. "get NAME SECTION KEY"
     int minArgs;
-    int maxArgs;        // -1 for no limit
+    int maxArgs;  // -1 for no limit
     std::function<void(CliContext&, const QStringList& args)> run;
 };
 
 std::vector<CommandSpec> storeCommands();    // StoreCommands.cpp
 std::vector<CommandSpec> messageCommands();  // MessageCommands.cpp
+std::vector<CommandSpec> playCommands();     // PlayCommands.cpp
 
 }  // namespace orr::cli

@@ -32,6 +32,7 @@ constexpr const char* kNotInGameFolder =
 std::vector<CommandSpec> allCommands() {
     std::vector<CommandSpec> commands = orr::cli::storeCommands();
     for (CommandSpec& command : orr::cli::messageCommands()) commands.push_back(command);
+    for (CommandSpec& command : orr::cli::playCommands()) commands.push_back(command);
     return commands;
 }
 
