@@ -27,7 +27,7 @@ frmGetNumber::frmGetNumber(QWidget* parent) : QDialog(parent) {
     vsbNumber->setObjectName(QStringLiteral("vsbNumber"));
     vsbNumber->setSingleStep(1);
     vsbNumber->setPageStep(100);
-    vsbNumber->setMinimumHeight(80);
+    vsbNumber->setMinimumHeight(120);
     lblNumber = new QLabel(this);
     lblNumber->setObjectName(QStringLiteral("lblNumber"));
     lblUnit = new QLabel(this);

@@ -153,7 +153,9 @@ QWidget* frmSSOptions::buildFlags() {
         label->setAlignment(Qt::AlignCenter);
         label->setFrameShape(QFrame::Panel);
         label->setFrameShadow(QFrame::Raised);
-        label->setMinimumSize(28, 24);
+        // Every label as wide as the widest caption, "Treaty".
+        label->setMinimumSize(label->fontMetrics().horizontalAdvance(QStringLiteral("Treaty")) + 12,
+                              24);
         label->setAutoFillBackground(true);
         label->setToolTip(toQString(options_->FlagName(n)));
         label->installEventFilter(this);
