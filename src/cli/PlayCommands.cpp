@@ -55,6 +55,10 @@ PlayOptions parseOptions(const QStringList& args) {
             options.lastVisit = numberArgument(value(), -2147483647, 2147483647, "The last visit");
         } else if (option == "--flags") {
             options.flags = bytesOf(value());
+            for (const char c : options.flags)
+                if (TestFlagChar(TestFlagNumber(std::string(1, c), 0)) != std::string(1, c))
+                    throw CliError("--flags takes flag characters A to Z and 0 to 9, not " +
+                                   inQuotes(std::string(1, c)) + ".");
         } else if (option == "--treaty") {
             options.treaty = true;
         } else if (option == "--upgrades") {

@@ -139,6 +139,7 @@ class PlayCommandTest : public QObject {
              std::vector<QStringList>{{"play", "Orion", "3"},
                                       {"play", "Orion", "2", "--seed", "x"},
                                       {"play", "Orion", "2", "--fast"},
+                                      {"play", "Orion", "2", "--flags", "a"},
                                       {"play", "Nowhere", "1"},
                                       {"play", "Orion"}})
             QVERIFY2(!f.fails(args).isEmpty(), qPrintable(args.join(' ')));
