@@ -5,6 +5,7 @@
 #include <QtTest>
 
 #include <QAbstractButton>
+#include <QCheckBox>
 #include <QGroupBox>
 #include <QLabel>
 #include <QMenu>
@@ -19,6 +20,13 @@
 #include "messages/frmMessages.h"
 #include "messages/frmSystem.h"
 #include "support/MainWindowHarness.h"
+#include "testmode/PlanetUnderTest.h"
+#include "testmode/TestLauncher.h"
+#include "testmode/TestShip.h"
+#include "testmode/frmGetNumber.h"
+#include "testmode/frmRespond.h"
+#include "testmode/frmSSControl.h"
+#include "testmode/frmSSOptions.h"
 
 using namespace orr;
 using namespace orr::ui;
@@ -91,6 +99,14 @@ class AccessKeysTest : public QObject {
         frmSystem system;
         frmMessages messages(h.session());
         messages.prepareForPlanet(1, QStringLiteral("Nova I"), false);
+        std::unique_ptr<frmSSOptions> options(makeTestOptions(nullptr, h.session(), 1));
+        TestPlanet tested = PlanetUnderTest(h.session().store(), 1);
+        frmSSControl console(testShip(), tested, testRandom());
+        for (const char* extra : {"chkShipState", "chkTranscript"})
+            console.findChild<QCheckBox*>(QString::fromLatin1(extra))->setChecked(true);
+        frmRespond respond;
+        respond.offer({{1, "Yes"}, {2, "No"}});
+        frmGetNumber number;
 
         QStringList found = clashesIn(QStringLiteral("frmSSEdit"), h.window());
         for (const auto& [name, window] : std::initializer_list<std::pair<QString, QWidget*>>{
@@ -100,7 +116,11 @@ class AccessKeysTest : public QObject {
                  {"frmAbout", &about},
                  {"frmFlag", &flag},
                  {"frmSystem", &system},
-                 {"frmMessages browsing", &messages}})
+                 {"frmMessages browsing", &messages},
+                 {"frmSSOptions", options.get()},
+                 {"frmSSControl", &console},
+                 {"frmRespond", &respond},
+                 {"frmGetNumber", &number}})
             found << clashesIn(name, *window);
         messages.findChild<QPushButton*>(QStringLiteral("cmdNew"))->click();
         found << clashesIn(QStringLiteral("frmMessages editing"), messages);
