@@ -9,6 +9,21 @@
 
 namespace orr {
 
+namespace {
+
+class BusyScope {
+  public:
+    explicit BusyScope(int& depth) : depth_(depth) { ++depth_; }
+    ~BusyScope() { --depth_; }
+    BusyScope(const BusyScope&) = delete;
+    BusyScope& operator=(const BusyScope&) = delete;
+
+  private:
+    int& depth_;
+};
+
+}  // namespace
+
 ShipConsole::ShipConsole(ShipState& ship, TestPlanet& planet, RandomSource& random,
                          TestEvents& events)
     : planet_(planet), module_(ship, random, events), interpreter_(module_, console_, planet_) {
@@ -43,6 +58,8 @@ void ShipConsole::open(const ConsoleSetup& setup) {
     // carries over from the last test.
     console_ = ConsoleState{};
     console_.open = true;
+    // Chosen now so the front can name it from the start; the source is seeded at step 8 below.
+    seed_ = setup.seed ? *setup.seed : SeededRandom::clockSeed();
     reported_ = rows();
     TestEvents& events = module_.events();
     // The front may show what an earlier test left: start it from the opening state.
@@ -80,7 +97,6 @@ void ShipConsole::open(const ConsoleSetup& setup) {
     const bool orbiting = console_.OrbitPlanet == ship.CurrentPlanet;
     const bool talk = console_.MessageLevel != "Back" && orbiting;
     setButtons({talk, talk, orbiting, true, true, false});
-    seed_ = setup.seed ? *setup.seed : SeededRandom::clockSeed();
     module_.random().seed(seed_);
     setMessageTimer(true);
     reportChanges();
@@ -88,7 +104,8 @@ void ShipConsole::open(const ConsoleSetup& setup) {
 
 void ShipConsole::tick() {
     if (!isOpen() || !console_.messageTimer) return;
-    if (console_.OrbitPlanet == 0 || console_.PendingMessage == -1) return;
+    if (console_.OrbitPlanet == 0 || console_.PendingMessage == -1 || busy_ > 0) return;
+    const BusyScope scope(busy_);
     TimedMessage& timed = console_.Timed;
     const std::string group = "Message" + console_.MessageLevel;
     if (console_.PendingMessage == 0) {
@@ -125,6 +142,7 @@ void ShipConsole::tick() {
 
 bool ShipConsole::hail() {
     if (!isOpen() || !console_.buttons.hail) return false;
+    const BusyScope scope(busy_);
     ConsoleButtons buttons = console_.buttons;
     buttons.hail = false;
     setButtons(buttons);
@@ -140,6 +158,7 @@ bool ShipConsole::hail() {
 
 bool ShipConsole::beam() {
     if (!isOpen() || !console_.buttons.beam) return false;
+    const BusyScope scope(busy_);
     std::string group = "Beam" + console_.MessageLevel;
     int count = interpreter_.ReadCount(group + "Messages");
     if (count < 1) {
@@ -163,6 +182,7 @@ bool ShipConsole::beam() {
 
 bool ShipConsole::respond() {
     if (!isOpen() || !console_.panelVisible) return false;
+    const BusyScope scope(busy_);
     runRespond();
     reportChanges();
     return true;
@@ -216,6 +236,7 @@ void ShipConsole::resetPanel() {
 
 bool ShipConsole::phaser() {
     if (!isOpen() || !console_.buttons.phaser) return false;
+    const BusyScope scope(busy_);
     if (!module_.events().questionAsked("Are you sure you wish to fire phasers this planet?",
                                         false))
         return true;
@@ -230,6 +251,7 @@ bool ShipConsole::phaser() {
 
 bool ShipConsole::photon() {
     if (!isOpen() || !console_.buttons.photon) return false;
+    const BusyScope scope(busy_);
     ShipState& ship = module_.ship();
     PlanetRecord& record = planet_.record;
     if (record.Size > ship.Class1Torpedoes) {
@@ -253,6 +275,7 @@ bool ShipConsole::photon() {
 
 bool ShipConsole::energy() {
     if (!isOpen() || !console_.buttons.energy) return false;
+    const BusyScope scope(busy_);
     ShipState& ship = module_.ship();
     TestEvents& events = module_.events();
     const PlanetAttributes attributes = PlanetAttributes::unpack(planet_.record.Attributes);

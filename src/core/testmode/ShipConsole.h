@@ -80,6 +80,9 @@ class ShipConsole {
     MessageInterpreter interpreter_;
     std::vector<StateRow> reported_;
     std::uint32_t seed_ = 0;
+    // Steps running now. The front's timer keeps firing while a step's message box or dialog is
+    // open; such a tick waits for the next one, so a step always runs to its end first.
+    int busy_ = 0;
 };
 
 }  // namespace orr

@@ -46,9 +46,6 @@ bool frmSSControl::start(const ConsoleSetup& setup) {
     show();
     console_.open(setup);
     if (!console_.state().open) return false;
-    note(QStringLiteral("[Test] Orbiting planet %1, seed %2")
-             .arg(console_.state().OrbitPlanet)
-             .arg(console_.seedInUse()));
     tmrFlags->start();
     flagTick();
     return true;
@@ -154,6 +151,10 @@ void frmSSControl::buttonsChanged(const ConsoleButtons& buttons) {
 void frmSSControl::orbitChanged(const std::string& caption) {
     pnlOrbiting->setText(toQString(caption));
     pnlOrbiting->setVisible(!caption.empty());
+    // The transcript starts each visit with the seed that replays it.
+    if (!caption.empty())
+        note(
+            QStringLiteral("[Test] %1, seed %2").arg(toQString(caption)).arg(console_.seedInUse()));
 }
 
 void frmSSControl::messageTimerChanged(bool running) {

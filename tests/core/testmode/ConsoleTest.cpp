@@ -56,10 +56,13 @@ TEST_F(PlayTest, TimedMessagesWaitTheirSeconds) {
     console.notes();
     EXPECT_EQ(console.notesCaption(), "Message Level: INIT");
 
-    play({"Messages=2", "Message1=%W5Later", "Message2=Now"});
+    play({"Messages=2", "Message1=%W5Later", "Message2=Now*H1"});
     random.script = {0.9};
+    events.duringBox = [this] { console.tick(); };  // the timer fires on: the step ends first
     console.tick();
-    EXPECT_EQ(take(), Lines{"message: Message from Planet: | Now"});
+    EXPECT_EQ(take(), (Lines{"message: Message from Planet: | Now",
+                             "box: Your shields have been hit with 1units."}));
+    events.duringBox = nullptr;
     for (const char* count : {"Messages=0", "Messages=x"}) {
         play({count, "Message1=Never"});
         console.tick();

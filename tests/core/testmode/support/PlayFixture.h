@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <deque>
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -26,7 +27,10 @@ class RecordingEvents : public TestEvents {
   public:
     void messageShown(const MessagePanel& panel) override;
     void messageHidden() override { lines.push_back("hidden"); }
-    void boxShown(const std::string& text) override { lines.push_back("box: " + text); }
+    void boxShown(const std::string& text) override {
+        lines.push_back("box: " + text);
+        if (duringBox) duringBox();  // what the front does while the box is open
+    }
     bool questionAsked(const std::string& text, bool exclamation) override;
     int responseChosen(const std::vector<OfferedResponse>& offered) override;
     float numberChosen(const NumberRequest& request) override;
@@ -41,6 +45,7 @@ class RecordingEvents : public TestEvents {
     std::deque<float> numbers;         // number dialog; cancel when empty
     std::vector<std::string> offered;  // captions of the last respond dialog
     NumberRequest lastRequest;
+    std::function<void()> duringBox;
 };
 
 // A planet of class 10 with the given keys, and a console on it.
