@@ -36,5 +36,6 @@ std::vector<CommandSpec> storeCommands();    // StoreCommands.cpp
 std::vector<CommandSpec> messageCommands();  // MessageCommands.cpp
 std::vector<CommandSpec> roomCommands();     // RoomCommands.cpp
 std::vector<CommandSpec> pictureCommands();  // PictureCommands.cpp
+std::vector<CommandSpec> playCommands();     // PlayCommands.cpp
 
 }  // namespace orr::cli

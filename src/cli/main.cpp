@@ -34,6 +34,7 @@ std::vector<CommandSpec> allCommands() {
     for (CommandSpec& command : orr::cli::messageCommands()) commands.push_back(command);
     for (CommandSpec& command : orr::cli::roomCommands()) commands.push_back(command);
     for (CommandSpec& command : orr::cli::pictureCommands()) commands.push_back(command);
+    for (CommandSpec& command : orr::cli::playCommands()) commands.push_back(command);
     return commands;
 }
 

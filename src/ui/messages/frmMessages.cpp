@@ -29,6 +29,7 @@
 #include "platform/QtText.h"
 #include "session/PlanetEdits.h"
 #include "session/SystemEdits.h"
+#include "testmode/TestLauncher.h"
 
 namespace orr::ui {
 
@@ -160,6 +161,13 @@ void frmMessages::runChooser(QDialog& chooser) {
     const Busy own(ownChange_);
     state_.setSkipMark();
     runDialog(chooser);
+    windowActivated();
+}
+
+void frmMessages::testPlanet() {
+    // The test only reads the planet: coming back from it reads nothing again.
+    state_.setSkipMark();
+    startTest(this, session_, planet());
     windowActivated();
 }
 
@@ -300,6 +308,7 @@ void frmMessages::connectListControls() {
     connect(cmdCancel, &QPushButton::clicked, this, &frmMessages::cancel);
     connect(cmdDelete, &QPushButton::clicked, this, &frmMessages::deleteEdited);
     connect(cmdGo, &QPushButton::clicked, this, &frmMessages::goToAnswer);
+    connect(cmdTest, &QPushButton::clicked, this, &frmMessages::testPlanet);
     connect(mnuEdit, &QAction::triggered, this, &frmMessages::editLine);
     connect(mnuRemove, &QAction::triggered, this, &frmMessages::removeLine);
     connect(mnuGo, &QAction::triggered, this, &frmMessages::goToAnswer);

@@ -151,6 +151,8 @@ class frmMessages : public QDialog {
     // Runs a chooser of this window: coming back from it reads nothing again, and what it
     // writes is not an edit made underneath.
     void runChooser(QDialog& chooser);
+    // "&Test": the test options, then the ship console, on this planet.
+    void testPlanet();
 
     // frmMessagesRooms.cpp
     void connectRoomButtons();

@@ -188,7 +188,6 @@ QWidget* frmMessages::buildEditButtons() {
     cmdSwap[1]->setIcon(style()->standardIcon(QStyle::SP_ArrowDown));
     cmdSwap[1]->setToolTip(QStringLiteral("Move the line down"));
     cmdTest = button(QStringLiteral("&Test"), QStringLiteral("cmdTest"), column);
-    cmdTest->setEnabled(false);  // the test console is not part of this window yet
     cmdSave = button(QStringLiteral("&Save"), QStringLiteral("cmdSave"), column);
     // While a line is edited, "&Close" and "A&dd Group" stay in sight: these two take other keys.
     cmdCancel = button(QStringLiteral("Ca&ncel"), QStringLiteral("cmdCancel"), column);

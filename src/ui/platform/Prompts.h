@@ -52,6 +52,9 @@ class Prompts {
     virtual std::optional<QString> input(QWidget* parent, const InputPrompt& prompt) = 0;
     // Empty when cancelled.
     virtual QString openFile(QWidget* parent, const FilePrompt& prompt) = 0;
+    // The file to write (it may exist: the dialog asked before replacing it); empty when
+    // cancelled.
+    virtual QString saveFile(QWidget* parent, const FilePrompt& prompt) = 0;
     virtual QString chooseFolder(QWidget* parent, const QString& title) = 0;
 
     // Shorthands.

@@ -59,6 +59,8 @@ QMessageBox::Icon messageIcon(PromptIcon icon) {
 PromptAnswer QtPrompts::message(QWidget* parent, const MessagePrompt& prompt) {
     QMessageBox box(messageIcon(prompt.icon), prompt.caption, prompt.text,
                     standardButtons(prompt.buttons), parent);
+    // Texts from the game's files ("Hello <b>") are shown as they are written.
+    box.setTextFormat(Qt::PlainText);
     if (prompt.defaultButton) box.setDefaultButton(standardButton(*prompt.defaultButton));
     switch (box.exec()) {
         case QMessageBox::Ok:
@@ -86,6 +88,12 @@ QString QtPrompts::openFile(QWidget* parent, const FilePrompt& prompt) {
     // Qt's own dialog matches the patterns ignoring case, so "*.BMP" also lists "planet.bmp"
     // as it does on Windows; native dialogs of some desktops would not.
     return QFileDialog::getOpenFileName(parent, prompt.title, prompt.folder,
+                                        qtFileFilter(prompt.filter), nullptr,
+                                        QFileDialog::DontUseNativeDialog);
+}
+
+QString QtPrompts::saveFile(QWidget* parent, const FilePrompt& prompt) {
+    return QFileDialog::getSaveFileName(parent, prompt.title, prompt.folder,
                                         qtFileFilter(prompt.filter), nullptr,
                                         QFileDialog::DontUseNativeDialog);
 }

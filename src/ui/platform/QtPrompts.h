@@ -10,6 +10,7 @@ class QtPrompts : public Prompts {
     PromptAnswer message(QWidget* parent, const MessagePrompt& prompt) override;
     std::optional<QString> input(QWidget* parent, const InputPrompt& prompt) override;
     QString openFile(QWidget* parent, const FilePrompt& prompt) override;
+    QString saveFile(QWidget* parent, const FilePrompt& prompt) override;
     QString chooseFolder(QWidget* parent, const QString& title) override;
 
     // The classic "Name|*.A;*.B|Name|*.C" filter in Qt's "Name (*.A *.B);;Name (*.C)" form. A

@@ -95,8 +95,16 @@ std::optional<QString> ScriptedPrompts::input(QWidget*, const InputPrompt& promp
 }
 
 QString ScriptedPrompts::openFile(QWidget*, const FilePrompt& prompt) {
+    return file(Kind::OpenFile, prompt);
+}
+
+QString ScriptedPrompts::saveFile(QWidget*, const FilePrompt& prompt) {
+    return file(Kind::SaveFile, prompt);
+}
+
+QString ScriptedPrompts::file(Kind kind, const FilePrompt& prompt) {
     Asked a;
-    a.kind = Kind::OpenFile;
+    a.kind = kind;
     a.text = prompt.title;
     a.filter = prompt.filter;
     a.folder = prompt.folder;

@@ -25,7 +25,7 @@ namespace orr::ui {
 
 class ScriptedPrompts : public Prompts {
   public:
-    enum class Kind { Message, Input, OpenFile, ChooseFolder };
+    enum class Kind { Message, Input, OpenFile, SaveFile, ChooseFolder };
 
     // One question as the window asked it.
     struct Asked {
@@ -51,7 +51,7 @@ class ScriptedPrompts : public Prompts {
     // Decides when asked, for tests that check the window's state at that moment.
     void answerMessageWith(std::function<PromptAnswer(const MessagePrompt&)> answer);
     void answerInput(std::optional<QString> answer);
-    void answerFile(const QString& path);
+    void answerFile(const QString& path);  // open and save dialogs alike
     void answerFolder(const QString& path);
 
     const std::vector<Asked>& asked() const { return asked_; }
@@ -65,9 +65,12 @@ class ScriptedPrompts : public Prompts {
     PromptAnswer message(QWidget* parent, const MessagePrompt& prompt) override;
     std::optional<QString> input(QWidget* parent, const InputPrompt& prompt) override;
     QString openFile(QWidget* parent, const FilePrompt& prompt) override;
+    QString saveFile(QWidget* parent, const FilePrompt& prompt) override;
     QString chooseFolder(QWidget* parent, const QString& title) override;
 
   private:
+    QString file(Kind kind, const FilePrompt& prompt);
+
     Prompts* previous_;
     std::deque<std::function<PromptAnswer(const MessagePrompt&)>> messageAnswers_;
     std::deque<std::optional<QString>> inputAnswers_;

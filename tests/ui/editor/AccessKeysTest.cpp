@@ -5,6 +5,7 @@
 #include <QtTest>
 
 #include <QAbstractButton>
+#include <QCheckBox>
 #include <QGroupBox>
 #include <QLabel>
 #include <QMenu>
@@ -25,6 +26,13 @@
 #include "session/RoomEdits.h"
 #include "pictures/frmPictures.h"
 #include "support/MainWindowHarness.h"
+#include "testmode/PlanetUnderTest.h"
+#include "testmode/TestLauncher.h"
+#include "testmode/TestShip.h"
+#include "testmode/frmGetNumber.h"
+#include "testmode/frmRespond.h"
+#include "testmode/frmSSControl.h"
+#include "testmode/frmSSOptions.h"
 
 using namespace orr;
 using namespace orr::ui;
@@ -109,6 +117,14 @@ class AccessKeysTest : public QObject {
         wizard.SetAdvanced(&advanced);
         frmPictures pictures(h.session());
         pictures.showPlanet(1);
+        std::unique_ptr<frmSSOptions> options(makeTestOptions(nullptr, h.session(), 1));
+        TestPlanet tested = PlanetUnderTest(h.session().store(), 1);
+        frmSSControl console(testShip(), tested, testRandom());
+        for (const char* extra : {"chkShipState", "chkTranscript"})
+            console.findChild<QCheckBox*>(QString::fromLatin1(extra))->setChecked(true);
+        frmRespond respond;
+        respond.offer({{1, "Yes"}, {2, "No"}});
+        frmGetNumber number;
 
         QStringList found = clashesIn(QStringLiteral("frmSSEdit"), h.window());
         for (const auto& [name, window] : std::initializer_list<std::pair<QString, QWidget*>>{
@@ -122,7 +138,11 @@ class AccessKeysTest : public QObject {
                  {"frmPictures", &pictures},
                  {"frmEditRoom", &room},
                  {"frmLock", &lock},
-                 {"frmAdvancedRoom", &advanced}})
+                 {"frmAdvancedRoom", &advanced},
+                 {"frmSSOptions", options.get()},
+                 {"frmSSControl", &console},
+                 {"frmRespond", &respond},
+                 {"frmGetNumber", &number}})
             found << clashesIn(name, *window);
         for (int step = 0; step < frmWizard::kSteps; ++step) {
             wizard.SetStep(step);

@@ -7,6 +7,7 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QComboBox>
+#include <QDialog>
 #include <QFocusEvent>
 #include <QListWidget>
 #include <QMenu>
@@ -112,6 +113,20 @@ class MessageListCommandsTest : public QObject {
         // The saved line answers with its own group, which the responses list from now on.
         f.chooseDirection(2);
         QCOMPARE(f.text("fraMessages"), QStringLiteral("Response Level: Trade"));
+    }
+
+    void testOpensTheOptionsOfThisPlanetAndChangesNothing() {
+        MessageEditorFixture f(section(2, {"Messages=1", "Message1=Hi*SFA", "FlagB=Shared"}));
+        f.open(2, true);
+        const std::string before = f.game.read("ORBDescriptor/Nova.edt");
+        f.answerNext<QDialog>([](QDialog& options) {
+            QCOMPARE(options.windowTitle(), QStringLiteral("Test Options"));
+            QCOMPARE(options.findChild<QWidget*>(QStringLiteral("lblFlag1"))->toolTip(),
+                     QStringLiteral("B - Shared"));
+        });
+        f.click("cmdTest");
+        QCOMPARE(f.game.read("ORBDescriptor/Nova.edt"), before);
+        QVERIFY(!f.session.canUndo());
     }
 
     void typedGroupsAreTakenUp() {
