@@ -155,7 +155,11 @@ void MessageInterpreter::DisplayMessage(const std::string& stored) {
     std::string shown = trimmed.substr(0, trimmed.find('*'));
     shown.resize(std::min(shown.size(), shown.find('^')));
     if (box) {
-        console_.panel.title = kStandardTitle;
+        // A boxed message leaves the panel's text, but the title goes back to the standard one.
+        if (console_.panel.title != kStandardTitle) {
+            console_.panel.title = kStandardTitle;
+            module_.events().titleChanged(console_.panel.title);
+        }
         module_.events().boxShown(shown);
     } else {
         console_.panel = {title, shown};

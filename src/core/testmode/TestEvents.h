@@ -50,6 +50,9 @@ class TestEvents {
     virtual ~TestEvents() = default;
     // The message panel is shown with this title and text (again after its text grew).
     virtual void messageShown(const MessagePanel& panel) = 0;
+    // The panel's title label changed while its text stayed (a boxed message gives it back the
+    // standard title).
+    virtual void titleChanged(const std::string& title) { (void)title; }
     // The message panel was reset and hidden.
     virtual void messageHidden() = 0;
     // A modal message box captioned with the program's title.

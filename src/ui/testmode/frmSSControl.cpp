@@ -96,6 +96,11 @@ void frmSSControl::messageShown(const MessagePanel& panel) {
     shown_ = panel;
 }
 
+void frmSSControl::titleChanged(const std::string& title) {
+    lblMessage->setText(toQString(title));
+    shown_.title = title;
+}
+
 void frmSSControl::messageHidden() {
     pnlMessage->hide();
     lblMessage->setText(QString::fromLatin1(kStandardTitle));

@@ -58,6 +58,7 @@ class frmSSControl : public QDialog, private TestEvents {
   private:
     // TestEvents
     void messageShown(const MessagePanel& panel) override;
+    void titleChanged(const std::string& title) override;
     void messageHidden() override;
     void boxShown(const std::string& text) override;
     bool questionAsked(const std::string& text, bool exclamation) override;

@@ -151,8 +151,8 @@ TEST_F(PlayTest, ShowingALineFillsItsTextThenRunsItsCodesInOrder) {
         {"$Harbour$Welcome*H10*+TI5",
          {"message: Harbour | Welcome", "box: Your shields have been hit with 10units.",
           "box: Time has gone down by -5"}},
+        {"$BOX$Text*M2", {"title: Message from Planet:", "box: Text"}},  // the panel's title
         {"$No closing title", {"message: Message from Planet: | No closing title"}},
-        {"$BOX$Text*M2", {"box: Text"}},
         {"Tune ^EN^SH^PT*RNone",
          {"message: Message from Planet: | Tune ",
           "message: Message from Planet: | Tune We will fill your veridium crystals to test "

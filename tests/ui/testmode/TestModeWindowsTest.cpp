@@ -52,12 +52,12 @@ QColor background(QWidget* widget) {
 // described as "B - Shared energy".
 struct Halcyon {
     std::map<std::string, std::string> keys = {{"Messages", "1"},
-                                               {"Message1", "Hello*RHail"},
+                                               {"Message1", "$Port$Hello*RHail"},
                                                {"ResponsesHail", "2"},
                                                {"ResponseHail1", "%00Never"},
                                                {"ResponseHail2", "Go & trade*MTrade"},
                                                {"MessagesTrade", "1"},
-                                               {"MessageTrade1", "Deal.*SFB"}};
+                                               {"MessageTrade1", "$BOX$Deal.*SFB"}};
     TestPlanet planet() {
         TestPlanet p;
         p.record.PlanetClass = 10;
@@ -194,6 +194,7 @@ class TestModeWindowsTest : public QObject {
             console.messageTick();
             QVERIFY(child(console, "cmdRespond")->isVisible());
             QCOMPARE(child<QLabel>(console, "Message")->text(), QStringLiteral("Hello"));
+            QCOMPARE(child<QLabel>(console, "lblMessage")->text(), QStringLiteral("Port"));
             QVERIFY(!message->isActive());
             console.flagTick();
             QCOMPARE(child<QPushButton>(console, "cmdNotes")->text(),
@@ -205,7 +206,10 @@ class TestModeWindowsTest : public QObject {
             });
             child<QPushButton>(console, "cmdRespond")->click();
             QVERIFY(message->isActive());
-            console.messageTick();  // "Deal." sets flag B
+            prompts.answerMessage(PromptAnswer::Ok);
+            console.messageTick();  // "Deal." in a box sets flag B and the standard title
+            QCOMPARE(child<QLabel>(console, "lblMessage")->text(),
+                     QStringLiteral("Message from Planet:"));
             console.flagTick();
             QCOMPARE(background(child(options, "lblFlag1")), standardColour(12));
             QVERIFY(console.transcript().contains(QStringLiteral("[Respond] Go & trade")));

@@ -26,6 +26,7 @@ class ScriptedRandom : public RandomSource {
 class RecordingEvents : public TestEvents {
   public:
     void messageShown(const MessagePanel& panel) override;
+    void titleChanged(const std::string& title) override { lines.push_back("title: " + title); }
     void messageHidden() override { lines.push_back("hidden"); }
     void boxShown(const std::string& text) override {
         lines.push_back("box: " + text);
