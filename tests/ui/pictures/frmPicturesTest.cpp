@@ -128,6 +128,22 @@ class frmPicturesTest : public QObject {
         QVERIFY(sol.session.save());
         QCOMPARE(test::entryNames(sol.game.pictures()), std::vector<std::string>{"Sol.bmp"});
         QVERIFY(!sol.window.isWindowModified());
+
+        // A strip with fewer cells than planets is cut into as many equal cells as there are
+        // planets; one narrower than its planets cannot be cut, so they open without pictures
+        // and the opening says why.
+        const std::pair<int, QString> strips[] = {{320, "picPlanetNERR"}, {2, "lblNoPicN---"}};
+        for (const auto& [width, planet3] : strips) {
+            sol.session.close();
+            const auto file = sol.game.pictures() / "Sol.bmp";
+            QVERIFY(filled(Qt::red, {width, 30}).save(QString::fromStdString(file.string())));
+            LoadResult loaded;
+            QVERIFY(sol.session.open(
+                "Sol", [] { return false; }, &loaded));
+            QCOMPARE(QString::fromStdString(loaded.warning).contains("too narrow"), width == 2);
+            sol.window.showPlanet(3);
+            QCOMPARE(sol.shown() + sol.buttons(), planet3);
+        }
     }
 
     void editRunsThePaintProgramOnAScratchCopy() {
