@@ -109,7 +109,8 @@ void EditSession::matchSavedTime() {
     const fs::path working = workingCopy();
     const fs::path saved = store_.descriptorPath(name(), ".orb");
     const std::shared_ptr<const std::string> now = store_.profiles().bytes(working);
-    const std::optional<std::string> original = readWholeFile(saved);
+    // Through the cache: returning to the saved state again and again reads the file once.
+    const std::shared_ptr<const std::string> original = store_.profiles().bytes(saved);
     if (!now || !original || *now != *original) return;
     const std::optional<fs::file_time_type> time = modificationTime(saved);
     if (time) store_.profiles().setModificationTime(working, *time);

@@ -10,17 +10,12 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "platform/Named.h"
 #include "platform/QtText.h"
 
 namespace orr::ui {
 
 namespace {
-
-template <typename Widget>
-Widget* named(Widget* widget, const QString& name) {
-    widget->setObjectName(name);
-    return widget;
-}
 
 QLabel* label(const QString& caption, const QString& name, QWidget* parent) {
     return named(new QLabel(caption, parent), name);

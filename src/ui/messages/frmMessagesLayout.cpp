@@ -23,16 +23,11 @@
 #include "messages/LongEntryToolTip.h"
 #include "messages/MessageLineForm.h"
 #include "messages/frmMessages.h"
+#include "platform/Named.h"
 
 namespace orr::ui {
 
 namespace {
-
-template <typename Widget>
-Widget* named(Widget* widget, const QString& name) {
-    widget->setObjectName(name);
-    return widget;
-}
 
 QPushButton* button(const QString& caption, const QString& name, QWidget* parent) {
     auto* result = named(new QPushButton(caption, parent), name);

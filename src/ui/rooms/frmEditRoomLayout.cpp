@@ -17,18 +17,13 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
+#include "platform/Named.h"
 #include "rooms/RoomPicture.h"
 #include "rooms/frmEditRoom.h"
 
 namespace orr::ui {
 
 namespace {
-
-template <typename Widget>
-Widget* named(Widget* widget, const QString& name) {
-    widget->setObjectName(name);
-    return widget;
-}
 
 QPushButton* button(const QString& caption, const QString& name, QWidget* parent) {
     auto* result = named(new QPushButton(caption, parent), name);

@@ -7,19 +7,10 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "platform/Named.h"
 #include "platform/Prompts.h"
 
 namespace orr::ui {
-
-namespace {
-
-template <typename Widget>
-Widget* named(Widget* widget, const char* name) {
-    widget->setObjectName(QString::fromLatin1(name));
-    return widget;
-}
-
-}  // namespace
 
 frmLock::frmLock(QWidget* parent) : QDialog(parent) {
     setObjectName(QStringLiteral("frmLock"));
