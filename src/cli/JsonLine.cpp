@@ -27,4 +27,10 @@ JsonLine& JsonLine::add(const char* name, const JsonLine& object) {
     return *this;
 }
 
+JsonLine& JsonLine::merge(const JsonLine& other) {
+    if (!body_.empty() && !other.body_.empty()) body_ += ',';
+    body_ += other.body_;
+    return *this;
+}
+
 }  // namespace orr::cli

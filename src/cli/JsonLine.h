@@ -11,6 +11,8 @@ class JsonLine {
   public:
     JsonLine& add(const char* key, const QJsonValue& value);
     JsonLine& add(const char* key, const JsonLine& object);
+    // Appends the members of `other`, in their order.
+    JsonLine& merge(const JsonLine& other);
     // The object in compact form, without a line end.
     std::string text() const { return "{" + body_ + "}"; }
 

@@ -131,21 +131,11 @@ JsonLine stateEvent(const ShipConsole& console, const ShipState& ship) {
     QJsonArray flags;
     for (int n = 0; n <= kHighestTestFlag; ++n)
         if (GetFlag(planet, n)) flags.append(n);
-    JsonLine upgrades;
-    for (int i = 1; i <= kUpgradeKinds; ++i) upgrades.add(UpgradeCode(i), ship.UpgradeLevel[i]);
     return JsonLine()
         .add("event", "state")
         .add("messageLevel", textOf(state.MessageLevel))
         .add("responseLevel", textOf(state.ResponseLevel))
-        .add("energy", ship.ShipEnergy)
-        .add("energyMax", ship.ShipEnergyMax)
-        .add("shields", ship.Shields)
-        .add("torpedoes", ship.Class1Torpedoes)
-        .add("extraBay", ship.ExtraBay)
-        .add("po", ship.PoValue)
-        .add("damage", numbers(ship.SystemDamage))
-        .add("upgrades", upgrades)
-        .add("retrofits", numbers(ship.Retrofits))
+        .merge(shipJson(ship))
         .add("flags", flags)
         .add("energyAllowance", state.EnergyAllowance)
         .add("enabled", JsonLine()

@@ -145,6 +145,9 @@ class frmEditRoom : public QDialog {
     QString shownDestination() const;
     void responseEdited(const QString& text);
     void destinationEdited(const QString& text);
+    using ActionSetter = bool (*)(EditSession&, const RoomRef&, const ActionRef&,
+                                  const std::string&, int*);
+    void actionEdited(const QString& text, ActionSetter setter);
     void descriptionEdited();
     void directionChosen(int choice);
     void openDirectionMenu();

@@ -195,27 +195,23 @@ void frmEditRoom::showActionFields() {
 }
 
 void frmEditRoom::responseEdited(const QString& text) {
-    if (loading_ || !shown_.any()) return;
-    const std::optional<std::string> bytes = storable(text);
-    if (!bytes) return;
-    run(
-        [&] {
-            int n = 0;
-            const bool ok = setActionText(session_, ref(), shown_.ref(), *bytes, &n);
-            if (ok) shown_ = {n, -1};
-            return ok;
-        },
-        true);
+    actionEdited(text, setActionText);
 }
 
 void frmEditRoom::destinationEdited(const QString& text) {
+    actionEdited(text, setActionDestination);
+}
+
+// Typing in one of the action's boxes stores the action at once (a run of typing is one step);
+// an action not stored yet gets its number then.
+void frmEditRoom::actionEdited(const QString& text, ActionSetter setter) {
     if (loading_ || !shown_.any()) return;
     const std::optional<std::string> bytes = storable(text);
     if (!bytes) return;
     run(
         [&] {
             int n = 0;
-            const bool ok = setActionDestination(session_, ref(), shown_.ref(), *bytes, &n);
+            const bool ok = setter(session_, ref(), shown_.ref(), *bytes, &n);
             if (ok) shown_ = {n, -1};
             return ok;
         },
