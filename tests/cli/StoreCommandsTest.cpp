@@ -86,6 +86,10 @@ class StoreCommandsTest : public QObject {
                             "3Oss\xe8re\n10Brightwater Expanse\n0Nadir\n"));
         cli.write("ORBDescriptor/Alpha.ORB", "");
         QCOMPARE(cli.ok({"list"}), QByteArray("7Quorn\nAlpha\nKestrel\nVega\n"));
+        // new: a key of the game's list starts from its record. (The refusals of new are the
+        // core's; that they reach the user shows in the working-copy test below.)
+        cli.ok({"new", "4Harrow"});
+        QVERIFY(cli.read("ORBDescriptor/4Harrow.orb").contains(";\"Harrow              \",0,4"));
     }
 
     // The one damaged-input case of the command line: the store's refusal reaches the user as
@@ -143,13 +147,6 @@ class StoreCommandsTest : public QObject {
         QCOMPARE(cli.ok({"encode-star", "9Sol"}), sol + "\n");
         QVERIFY(
             cli.fails({"encode-star", "A name far too long for the game"}).contains("too long"));
-    }
-
-    // A key of the game's list starts from its record. (The refusals of new are the core's;
-    // that they reach the user shows in the working-copy test of the planet commands.)
-    void newMakesASystem() {
-        cli.ok({"new", "4Harrow"});
-        QVERIFY(cli.read("ORBDescriptor/4Harrow.orb").contains(";\"Harrow              \",0,4"));
     }
 
     void setAndDeleteKeyWriteThroughTheProfileLayer() {
@@ -232,10 +229,7 @@ class StoreCommandsTest : public QObject {
             QCOMPARE(cli.ok(command), QByteArray());
             QVERIFY2(cli.read(kVega).contains(effect), cli.read(kVega).constData());
         }
-    }
-
-    // In an older file the block follows a planet section; deleting that planet keeps the block.
-    void deletePlanetKeepsABlockAfterItsSection() {
+        // In an older file the block follows a planet section; deleting that planet keeps it.
         cli.write(kVega,
                   crlf({"[General]", "PlanetPics=NN", "Messages=NN", "[2]", "Info=two",
                         ";SolarSystem", ";\"Vega\",3,2", ";400,2,0,0,1,0", ";430,2,0,0,1,0"}));
@@ -259,12 +253,10 @@ class StoreCommandsTest : public QObject {
         };
         for (const auto& [command, reason] : refusals) QCOMPARE(cli.fails(command), reason);
         QVERIFY(cli.snapshot() == before);
-    }
 
-    // The editor's working copy means the system is open there: every change is refused.
-    void aWorkingCopyBlocksEveryChange() {
+        // The editor's working copy means the system is open there: every change is refused.
         cli.write("ORBDescriptor/Vega.edt", "editor's working copy\r\n");
-        const auto before = cli.snapshot();
+        const auto withCopy = cli.snapshot();
         const QList<QStringList> commands = {{"add-planet", "Vega"},
                                              {"insert-planet", "Vega", "1"},
                                              {"delete-planet", "Vega", "1"},
@@ -282,7 +274,7 @@ class StoreCommandsTest : public QObject {
             QVERIFY2(reason.contains("Vega.edt") || reason.contains("already exists"),
                      qPrintable(command.join(' ') + ": " + reason));
         }
-        QVERIFY(cli.snapshot() == before);
+        QVERIFY(cli.snapshot() == withCopy);
         std::filesystem::remove(cli.folder().path("ORBDescriptor/Vega.edt"));
     }
 
