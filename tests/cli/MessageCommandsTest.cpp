@@ -67,7 +67,7 @@ class MessageCommandsTest : public QObject {
         QVERIFY(cli.snapshot() == before);
     }
 
-    void decodeShowsTheEditorsView() {
+    void decodeShowsTheEditorsViewWithTheGameFoldersList() {
         QCOMPARE(cli.decode("response", "Hail", "%fC%GNOpen^EN*RS3*R!S4"),
                  json(R"({"wait": 0, "percent": 10, "display": "standard", "text": "Open",
                           "answerGroup": "Hail",
@@ -75,9 +75,7 @@ class MessageCommandsTest : public QObject {
         QCOMPARE(cli.decode("message", "Hail", "%W2%05$Log$Caf\xe9*RTrade"),
                  json(R"({"wait": 2, "percent": 5, "display": "Log", "text": "Caf\u00e9",
                           "answerGroup": "Trade", "codes": [], "storedTags": ["*RTrade"]})"));
-    }
-
-    void decodePrefersTheGameFoldersList() {
+        // The game folder's special-code list comes first.
         cli.write("special.lst", crlf({"Mine", "*ZAP - Zaps (1) times"}));
         QCOMPARE(cli.decode("message", "Hail", "Hi*ZAP9")["codes"], QJsonArray({"*ZAP9"}));
         // Without a list in the game folder the program's own copy is used.
@@ -119,14 +117,6 @@ class MessageCommandsTest : public QObject {
         }
     }
 
-    void composeWritesTheEditorsLine() {
-        QCOMPARE(cli.compose("response", "Hail", R"({"text":"Home","answerGroup":"INIT"})").out,
-                 QByteArray("Home*M\n"));
-        // An empty list of dropped codes is nothing lost.
-        QCOMPARE(cli.compose("message", "Hail", R"({"text":"Hi","dropped":[]})").out,
-                 QByteArray("Hi\n"));
-    }
-
     void badArgumentsAreRefused() {
         QCOMPARE(cli.fails({"groups", "Orion", "3"}),
                  QString("There is no planet 3 in 'Orion': it has 2 planets."));
@@ -138,7 +128,12 @@ class MessageCommandsTest : public QObject {
         QCOMPARE(cli.decode("message", "[Hail]", "Hi")["answerGroup"], QJsonValue("[Hail]"));
     }
 
-    void badComposeInputIsRefused() {
+    void composeWritesTheEditorsLineOrRefusesBadInput() {
+        QCOMPARE(cli.compose("response", "Hail", R"({"text":"Home","answerGroup":"INIT"})").out,
+                 QByteArray("Home*M\n"));
+        // An empty list of dropped codes is nothing lost.
+        QCOMPARE(cli.compose("message", "Hail", R"({"text":"Hi","dropped":[]})").out,
+                 QByteArray("Hi\n"));
         const std::pair<QByteArray, QByteArray> refused[] = {
             // the input, the reason
             {"{\"text\":", "not valid JSON"},
