@@ -102,7 +102,7 @@ TEST_F(PlayTest, ConditionsAndStarCodesDecideWhetherAMessageMayBeChosen) {
     }
 }
 
-TEST_F(PlayTest, SelectionReachesEveryEligibleMessageAndNoOther) {
+TEST_F(PlayTest, SelectingAndShowingAMessage) {
     play({"Message1=%00Never", "Message2=Two", "Message3=Three*RS3", "Message4=Four"});
     std::set<int> chosen;
     for (int k = 0; k < 100; ++k) {
@@ -117,9 +117,8 @@ TEST_F(PlayTest, SelectionReachesEveryEligibleMessageAndNoOther) {
         EXPECT_EQ(interpreter().SelectMessage("Message", 1), -1);
         EXPECT_EQ(take(), std::vector<std::string>{"box: *** COMMUNICATION TERMINATED ***"});
     }
-}
 
-TEST_F(PlayTest, ShowingALineFillsItsTextThenRunsItsCodesInOrder) {
+    // Showing a line fills its text, then runs its codes in order.
     play({});
     console.state().MessageLevel = "Hail";
     const std::vector<std::pair<std::string, std::vector<std::string>>> rows = {
