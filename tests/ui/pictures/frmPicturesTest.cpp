@@ -82,7 +82,7 @@ class frmPicturesTest : public QObject {
     // The strip as the window saves it: a bitmap, whatever its name says, cut back into the same
     // cells; a picture is centred in its cell and cut at its edges when larger; a missing
     // picture is a blank cell, read back as no picture.
-    void aStripIsSavedAndCutBackIntoTheSameCells() {
+    void theStripAndWhatEachPlanetShows() {
         Sol sol;
         const auto file = sol.game.pictures() / "Sol.jpg";
         QVERIFY(test::readBytes(file).starts_with("BM"));
@@ -112,14 +112,12 @@ class frmPicturesTest : public QObject {
                                                        {"GIF89a\x01", "not a picture"},
                                                        {huge.toStdString(), "too large"}};
         for (const auto& [bytes, why] : bad) {
-            test::writeBytes(sol.game.pictures() / "bad.gif", bytes);
-            QVERIFY(!sol.codec.loadPicture(sol.game.pictures() / "bad.gif", &error));
+            test::writeBytes(sol.game.path("bad.gif"), bytes);
+            QVERIFY(!sol.codec.loadPicture(sol.game.path("bad.gif"), &error));
             QVERIFY2(QString::fromStdString(error).contains(why), error.c_str());
         }
-    }
 
-    void eachPlanetShowsWhatItHasAndTheButtonsFollow() {
-        Sol sol;
+        // Each planet shows what it has, and the buttons follow.
         const std::tuple<int, QString, QString, QString> planets[] = {
             {1, "Planet 1", "picPlanet", "NERR"},
             {2, "Birch", "lblNoPic", "N--R"},
