@@ -210,7 +210,7 @@ class RoomEditorTest : public QObject {
         QCOMPARE(r.box(kBeamUp)->checkState(), Qt::PartiallyChecked);
     }
 
-    void theMessageEditorOpensTheRoomOfItsGroupAndSelectsTheLastShown() {
+    void theMessageEditorOpensTheRoomOfItsGroupAndTheWizard() {
         Rooms r;
         r.f.open(1);
         QVERIFY2(!r.f.enabled("cmdEditRoom"), "INIT is no room");
@@ -223,11 +223,8 @@ class RoomEditorTest : public QObject {
         });
         r.f.click("cmdEditRoom");
         QCOMPARE(r.f.text("cboGroup"), QStringLiteral("Area12"));
-    }
 
-    void theWizardsStepsClampTheSizesAndCancelAsksFirst() {
-        Rooms r;
-        r.f.open(1);
+        // The wizard's steps clamp the sizes, and Cancel asks first.
         r.f.answerNext<frmWizard>([&](frmWizard& wizard) {
             const auto find = [&](const char* name) {
                 return wizard.findChild<QWidget*>(QString::fromLatin1(name));
