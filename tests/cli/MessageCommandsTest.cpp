@@ -45,11 +45,14 @@ QJsonObject json(const char* text) {
 class MessageCommandsTest : public QObject {
     Q_OBJECT
 
+  private:
+    MessageCli cli;
+
   private slots:
     void initTestCase() { QStandardPaths::setTestModeEnabled(true); }
+    void init() { cli = MessageCli(); }
 
     void groupsAndLinesAsStored() {
-        MessageCli cli;
         const auto before = cli.snapshot();
         QCOMPARE(cli.ok({"groups", "orion", "1"}),
                  QByteArray("INIT\tmessages\nBack\tmessages\nReturned\tmessages\n"
@@ -64,8 +67,7 @@ class MessageCommandsTest : public QObject {
         QVERIFY(cli.snapshot() == before);
     }
 
-    void decodeShowsTheEditorsView() {
-        MessageCli cli;
+    void decodeShowsTheEditorsViewWithTheGameFoldersList() {
         QCOMPARE(cli.decode("response", "Hail", "%fC%GNOpen^EN*RS3*R!S4"),
                  json(R"({"wait": 0, "percent": 10, "display": "standard", "text": "Open",
                           "answerGroup": "Hail",
@@ -73,10 +75,7 @@ class MessageCommandsTest : public QObject {
         QCOMPARE(cli.decode("message", "Hail", "%W2%05$Log$Caf\xe9*RTrade"),
                  json(R"({"wait": 2, "percent": 5, "display": "Log", "text": "Caf\u00e9",
                           "answerGroup": "Trade", "codes": [], "storedTags": ["*RTrade"]})"));
-    }
-
-    void decodePrefersTheGameFoldersList() {
-        MessageCli cli;
+        // The game folder's special-code list comes first.
         cli.write("special.lst", crlf({"Mine", "*ZAP - Zaps (1) times"}));
         QCOMPARE(cli.decode("message", "Hail", "Hi*ZAP9")["codes"], QJsonArray({"*ZAP9"}));
         // Without a list in the game folder the program's own copy is used.
@@ -87,57 +86,38 @@ class MessageCommandsTest : public QObject {
     // A line read and written back is the stored line, or decode names, in the editor's words,
     // what its Save would ask about, and compose refuses with the same sentences. (Which lines
     // are warned about is LineRoundTripTest's table; the sentences are MessageEditRulesTest's.)
-    void decodeThenComposeGivesTheLineOrRefusesAsTheEditorAsks_data() {
-        QTest::addColumn<QByteArray>("stored");
-        QTest::addColumn<QByteArray>("warning");
-        QTest::newRow("all parts") << QByteArray(
-                                          "%F3%W9%00$Captain's Log$Day one ^EN^PT*RTrade*"
-                                          "DS3*+ENM500")
-                                   << QByteArray();
-        QTest::newRow("unknown codes")
-            << QByteArray("%ZZHello*QQ5*SFA")
-            << QByteArray(
-                   "These codes stored in the line are not in the special-code list and "
-                   "will be dropped: %ZZ, *QQ5.");
-        QTest::newRow("group like a condition")
-            << QByteArray("Go on*MS1")
-            << QByteArray(
-                   "A message cannot lead to the group \"S1\": the game reads \"*RS1\" "
-                   "as a ship-system condition.");
-    }
     void decodeThenComposeGivesTheLineOrRefusesAsTheEditorAsks() {
-        QFETCH(QByteArray, stored);
-        QFETCH(QByteArray, warning);
-        MessageCli cli;
-        const CliResult decoded =
-            cli.run({"decode", "message", "Hail", QString::fromLatin1(stored)});
-        QCOMPARE(decoded.exitCode, 0);
-        const CliResult back = cli.compose("message", "Hail", decoded.out);
-        if (warning.isEmpty()) {
-            QCOMPARE(decoded.err + back.err, QByteArray());
-            QCOMPARE(back.out, stored + "\n");
-            return;
+        const std::pair<QByteArray, QByteArray> lines[] = {
+            // the stored line, the warning
+            {"%F3%W9%00$Captain's Log$Day one ^EN^PT*RTrade*DS3*+ENM500", ""},
+            {"%ZZHello*QQ5*SFA",
+             "These codes stored in the line are not in the special-code list and will be "
+             "dropped: %ZZ, *QQ5."},
+            {"Go on*MS1",
+             "A message cannot lead to the group \"S1\": the game reads \"*RS1\" as a "
+             "ship-system condition."},
+        };
+        for (const auto& [stored, warning] : lines) {
+            const CliResult decoded =
+                cli.run({"decode", "message", "Hail", QString::fromLatin1(stored)});
+            QCOMPARE(decoded.exitCode, 0);
+            const CliResult back = cli.compose("message", "Hail", decoded.out);
+            if (warning.isEmpty()) {
+                QCOMPARE(decoded.err + back.err, QByteArray());
+                QCOMPARE(back.out, stored + "\n");
+                continue;
+            }
+            QVERIFY2(decoded.err.contains(warning), decoded.err.constData());
+            QCOMPARE(back.exitCode, 1);
+            QCOMPARE(back.out, QByteArray());
+            // The warnings, one line each, are the refusal's sentences.
+            QByteArray sentences = decoded.err;
+            sentences.replace("orrerion-cli: warning: ", "").replace("\n", " ");
+            QCOMPARE(back.err, "orrerion-cli: " + sentences.trimmed() + "\n");
         }
-        QVERIFY2(decoded.err.contains(warning), decoded.err.constData());
-        QCOMPARE(back.exitCode, 1);
-        QCOMPARE(back.out, QByteArray());
-        // The warnings, one line each, are the refusal's sentences.
-        QByteArray sentences = decoded.err;
-        sentences.replace("orrerion-cli: warning: ", "").replace("\n", " ");
-        QCOMPARE(back.err, "orrerion-cli: " + sentences.trimmed() + "\n");
-    }
-
-    void composeWritesTheEditorsLine() {
-        MessageCli cli;
-        QCOMPARE(cli.compose("response", "Hail", R"({"text":"Home","answerGroup":"INIT"})").out,
-                 QByteArray("Home*M\n"));
-        // An empty list of dropped codes is nothing lost.
-        QCOMPARE(cli.compose("message", "Hail", R"({"text":"Hi","dropped":[]})").out,
-                 QByteArray("Hi\n"));
     }
 
     void badArgumentsAreRefused() {
-        MessageCli cli;
         QCOMPARE(cli.fails({"groups", "Orion", "3"}),
                  QString("There is no planet 3 in 'Orion': it has 2 planets."));
         QCOMPARE(cli.fails({"lines", "Orion", "2", "Hail", "messages"}),
@@ -148,34 +128,31 @@ class MessageCommandsTest : public QObject {
         QCOMPARE(cli.decode("message", "[Hail]", "Hi")["answerGroup"], QJsonValue("[Hail]"));
     }
 
-    void badComposeInputIsRefused_data() {
-        QTest::addColumn<QByteArray>("input");
-        QTest::addColumn<QString>("reason");
-        QTest::newRow("json") << QByteArray("{\"text\":") << "not valid JSON";
-        QTest::newRow("dropped") << QByteArray(R"({"text":"Hi","dropped":"%ZZ"})")
-                                 << "'dropped' must be a list of texts";
-        QTest::newRow("unknown") << QByteArray(R"({"codes":["*QQQ"]})")
-                                 << "'*QQQ' is not in the special-code list";
-        QTest::newRow("tag") << QByteArray(R"({"codes":["*RTrade"]})") << "answer tag";
-        QTest::newRow("attach") << QByteArray(R"({"codes":["%10","%10"]})")
-                                << "You cannot have more than one of the same restriction.";
-        QTest::newRow("argument") << QByteArray(R"({"codes":["*D"]})")
-                                  << "'*D' needs its argument written after it, as in '*DS0'.";
-        QTest::newRow("wait") << QByteArray(R"({"wait":10})")
-                              << "'wait' must be a whole number from 0 to 9";
-        QTest::newRow("1252") << QByteArray(R"({"text":"\u2603"})")
-                              << "'text': The game cannot store these characters: \u2603";
-    }
-
-    void badComposeInputIsRefused() {
-        QFETCH(QByteArray, input);
-        QFETCH(QString, reason);
-        MessageCli cli;
-        const CliResult result = cli.compose("message", "Hail", input);
-        QCOMPARE(result.exitCode, 1);
-        QCOMPARE(result.out, QByteArray());
-        QVERIFY2(result.err.startsWith("orrerion-cli: ") && result.err.contains(reason.toUtf8()),
-                 result.err.constData());
+    void composeWritesTheEditorsLineOrRefusesBadInput() {
+        QCOMPARE(cli.compose("response", "Hail", R"({"text":"Home","answerGroup":"INIT"})").out,
+                 QByteArray("Home*M\n"));
+        // An empty list of dropped codes is nothing lost.
+        QCOMPARE(cli.compose("message", "Hail", R"({"text":"Hi","dropped":[]})").out,
+                 QByteArray("Hi\n"));
+        const std::pair<QByteArray, QByteArray> refused[] = {
+            // the input, the reason
+            {"{\"text\":", "not valid JSON"},
+            {R"({"text":"Hi","dropped":"%ZZ"})", "'dropped' must be a list of texts"},
+            {R"({"codes":["*QQQ"]})", "'*QQQ' is not in the special-code list"},
+            {R"({"codes":["*RTrade"]})", "answer tag"},
+            {R"({"codes":["%10","%10"]})",
+             "You cannot have more than one of the same restriction."},
+            {R"({"codes":["*D"]})", "'*D' needs its argument written after it, as in '*DS0'."},
+            {R"({"wait":10})", "'wait' must be a whole number from 0 to 9"},
+            {R"({"text":"\u2603"})", "'text': The game cannot store these characters: \u2603"},
+        };
+        for (const auto& [input, reason] : refused) {
+            const CliResult result = cli.compose("message", "Hail", input);
+            QCOMPARE(result.exitCode, 1);
+            QCOMPARE(result.out, QByteArray());
+            QVERIFY2(result.err.startsWith("orrerion-cli: ") && result.err.contains(reason),
+                     result.err.constData());
+        }
     }
 };
 

@@ -21,12 +21,14 @@ QJsonObject room(const CliFixture& cli, const QString& planet, const QString& na
 class RoomCommandsTest : public QObject {
     Q_OBJECT
 
+  private:
+    CliFixture cli;
+
   private slots:
     void initTestCase() { QStandardPaths::setTestModeEnabled(true); }
+    void init() { cli.demoCopy(); }
 
     void aRoomAsTheEditorShowsIt() {
-        CliFixture cli;
-        cli.demoCopy();
         const char* expected = R"({
             "room": "Area22",
             "description": {"number": 1, "text": "A sealed vault door stands half buried in the sand.", "codes": ""},
@@ -48,8 +50,6 @@ class RoomCommandsTest : public QObject {
     }
 
     void eachChangeIsStoredAsTheEditorStoresIt() {
-        CliFixture cli;
-        cli.demoCopy();
         cli.ok({"wizard", "Kestrel", "1", "2", "2", "--without", "search"});
         struct Step {
             QStringList args;
@@ -89,16 +89,14 @@ class RoomCommandsTest : public QObject {
         QVERIFY(!cli.exists("ORBDescriptor/Kestrel.edt"));
     }
 
+    // A refusal of each command, one line that changes nothing; which changes the core refuses
+    // is RoomEditsTest's business.
     void refusalsChangeNothing() {
-        CliFixture cli;
-        cli.demoCopy();
-        cli.ok({"set", "Kestrel", "3", "ResponsesArea12", "255"});
         const auto before = cli.snapshot();
         const std::pair<QStringList, const char*> refusals[] = {
             {{"tick", "Kestrel", "3", "Area11", "0"}, "please enter the destination room"},
             {{"room", "Kestrel", "3", "None"}, "never a room"},
             {{"add-action", "Kestrel", "3", "Hall=1", "x*M"}, "cannot contain"},
-            {{"add-action", "Kestrel", "3", "Area12", "x*M"}, "at most"},
             {{"wizard", "Kestrel", "3", "3", "3", "--without", "up"}, "Unknown action"},
             {{"lock", "Kestrel", "3", "Area11", "1", "b", "x"}, "A flag is"},
             {{"direction", "Kestrel", "3", "Area11", "1", "up"}, "The direction is"},

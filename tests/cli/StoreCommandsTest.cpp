@@ -1,11 +1,14 @@
 // orrerion-cli: the command line itself (usage, errors, the game folder), the reading commands
-// offered, list, show, get and encode-star, and the system commands new, set, delete-key,
-// set-name, set-flag, rename and delete: their output, exit codes, the refusals of the command
-// line, and one effect each of the store operation they call.
+// offered, list, show, get and encode-star, the system commands new, set, delete-key, set-name,
+// set-flag, rename and delete, the planet commands add, insert, delete, swap and clear, and the
+// picture and package commands: their output, exit codes, the refusals of the command line as one
+// error line, one effect each of the operation they call, and no working copy left behind.
 
 #include <QDir>
 #include <QFile>
+#include <QJsonArray>
 #include <QJsonDocument>
+#include <QJsonObject>
 #include <QStandardPaths>
 #include <QtTest>
 
@@ -13,6 +16,7 @@
 
 using orr::clitest::CliFixture;
 using orr::clitest::crlf;
+using orr::test::TempGameFolder;
 
 namespace {
 
@@ -31,6 +35,10 @@ class StoreCommandsTest : public QObject {
 
   private:
     CliFixture cli;
+
+    QJsonObject kestrelPictures() {
+        return QJsonDocument::fromJson(cli.ok({"pictures", "Kestrel"})).object();
+    }
 
   private slots:
     void initTestCase() { QStandardPaths::setTestModeEnabled(true); }
@@ -78,6 +86,10 @@ class StoreCommandsTest : public QObject {
                             "3Oss\xe8re\n10Brightwater Expanse\n0Nadir\n"));
         cli.write("ORBDescriptor/Alpha.ORB", "");
         QCOMPARE(cli.ok({"list"}), QByteArray("7Quorn\nAlpha\nKestrel\nVega\n"));
+        // new: a key of the game's list starts from its record. (The refusals of new are the
+        // core's; that they reach the user shows in the working-copy test below.)
+        cli.ok({"new", "4Harrow"});
+        QVERIFY(cli.read("ORBDescriptor/4Harrow.orb").contains(";\"Harrow              \",0,4"));
     }
 
     // The one damaged-input case of the command line: the store's refusal reaches the user as
@@ -135,13 +147,6 @@ class StoreCommandsTest : public QObject {
         QCOMPARE(cli.ok({"encode-star", "9Sol"}), sol + "\n");
         QVERIFY(
             cli.fails({"encode-star", "A name far too long for the game"}).contains("too long"));
-    }
-
-    // A key of the game's list starts from its record. (The refusals of new are the core's;
-    // that they reach the user shows in the working-copy test of the planet commands.)
-    void newMakesASystem() {
-        cli.ok({"new", "4Harrow"});
-        QVERIFY(cli.read("ORBDescriptor/4Harrow.orb").contains(";\"Harrow              \",0,4"));
     }
 
     void setAndDeleteKeyWriteThroughTheProfileLayer() {
@@ -203,6 +208,94 @@ class StoreCommandsTest : public QObject {
         QCOMPARE(QDir(cli.path("PICTURES")).entryList(QDir::Files),
                  QStringList({"Kestrel.bmp", "KestrelSun.bmp", "Vegas.bmp"}));
         QCOMPARE(cli.fails({"delete", "Vega"}), QString("There is no system named 'Vega'."));
+    }
+
+    // The planet commands reach the session's planet commands; one effect each shows the command
+    // did the right one (what they do to the descriptor is DescriptorKeysTest's and
+    // PlanetEditsTest's business).
+    void planetCommandCallsItsOperation() {
+        const std::pair<QStringList, QByteArray> commands[] = {
+            // a piece of the rewritten descriptor
+            {{"add-planet", "Vega"}, ";460,4,2,9,14,0\r\n;490,2,0,0,1,0\r\n"},
+            {{"insert-planet", "Vega", "1"}, "\",0,4\r\n;400,2,0,0,1,0\r\n;430,2,0,0,1,0\r\n"},
+            {{"delete-planet", "Vega", "1"}, "\",0,2\r\n;400,3,1,5,13,7\r\n"},
+            {{"swap-planets", "Vega", "1", "3"},
+             ";400,4,2,9,14,0\r\n;430,3,1,5,13,7\r\n;460,2,0,0,1,0\r\n[Names]\r\nS=Bright "
+             "star\r\n3=First\r\n1=Third"},
+            {{"clear-planets", "Vega"}, "\",0,0\r\n[Names]\r\nS=Bright star\r\n"},
+        };
+        for (const auto& [command, effect] : commands) {
+            cli.write(kVega, orr::clitest::vegaDescriptor());
+            QCOMPARE(cli.ok(command), QByteArray());
+            QVERIFY2(cli.read(kVega).contains(effect), cli.read(kVega).constData());
+        }
+        // In an older file the block follows a planet section; deleting that planet keeps it.
+        cli.write(kVega,
+                  crlf({"[General]", "PlanetPics=NN", "Messages=NN", "[2]", "Info=two",
+                        ";SolarSystem", ";\"Vega\",3,2", ";400,2,0,0,1,0", ";430,2,0,0,1,0"}));
+        cli.ok({"delete-planet", "Vega", "2"});
+        QCOMPARE(cli.read(kVega), crlf({"[General]", "PlanetPics=N", "Messages=N", ";SolarSystem",
+                                        ";\"Vega                \",3,1", ";400,2,0,0,1,0"}));
+    }
+
+    void refusalsAreOneLineAndChangeNothing() {
+        cli.folder().writeDescriptor(TempGameFolder::systemRecord("Full", 10));
+        cli.write("ORBDescriptor/Blockless.orb", crlf({"[General]", "PlanetPics=", "Messages="}));
+        const auto before = cli.snapshot();
+        const std::pair<QStringList, QString> refusals[] = {
+            {{"insert-planet", "Full", "3"}, "This system has the maximum number of planets."},
+            {{"add-planet", "Blockless"},
+             "The descriptor of Blockless holds no system block, so its planets and its star "
+             "cannot be changed."},
+            {{"delete-planet", "Vega", "-1"}, "There is no planet -1 in 'Vega': it has 3 planets."},
+            {{"swap-planets", "Vega", "1", "99999999999"}, "'99999999999' is not a planet number."},
+            {{"add-planet", "Nowhere"}, "There is no system named 'Nowhere'."},
+        };
+        for (const auto& [command, reason] : refusals) QCOMPARE(cli.fails(command), reason);
+        QVERIFY(cli.snapshot() == before);
+
+        // The editor's working copy means the system is open there: every change is refused.
+        cli.write("ORBDescriptor/Vega.edt", "editor's working copy\r\n");
+        const auto withCopy = cli.snapshot();
+        const QList<QStringList> commands = {{"add-planet", "Vega"},
+                                             {"insert-planet", "Vega", "1"},
+                                             {"delete-planet", "Vega", "1"},
+                                             {"swap-planets", "Vega", "1", "2"},
+                                             {"clear-planets", "Vega"},
+                                             {"set", "Vega", "1", "Info", "x"},
+                                             {"delete-key", "Vega", "1", "Info"},
+                                             {"set-name", "Vega", "1", "x"},
+                                             {"set-flag", "Vega", "Messages", "1", "yes"},
+                                             {"rename", "Vega", "Deneb"},
+                                             {"delete", "Vega"},
+                                             {"new", "Vega"}};
+        for (const QStringList& command : commands) {
+            const QString reason = cli.fails(command);
+            QVERIFY2(reason.contains("Vega.edt") || reason.contains("already exists"),
+                     qPrintable(command.join(' ') + ": " + reason));
+        }
+        QVERIFY(cli.snapshot() == withCopy);
+        std::filesystem::remove(cli.folder().path("ORBDescriptor/Vega.edt"));
+    }
+
+    // The picture and package commands on Kestrel: what pictures reports, a picture removed and
+    // a star picture refused by the editor's rules, and a package zipped by the editor's own
+    // writer when no zip program is named.
+    void picturesStarPictureAndPackage() {
+        QCOMPARE(kestrelPictures()["strip"].toString(), QStringLiteral("Kestrel.bmp"));
+        QCOMPARE(kestrelPictures()["planets"].toArray().size(), 6);
+        QCOMPARE(cli.fails({"star-picture", "Kestrel", cli.path("PICTURES/Kestrel.bmp")}),
+                 QStringLiteral("The picture must be 16 x 16 pixels in size to be used for a "
+                                "star picture."));
+        cli.ok({"picture-remove", "Kestrel", "2"});
+        const QJsonObject second = kestrelPictures()["planets"].toArray()[1].toObject();
+        QVERIFY(!second["picture"].toBool() && !second["customPicture"].toBool());
+
+        QVERIFY(QDir().mkpath(cli.path("out")));
+        QCOMPARE(cli.ok({"package", "Kestrel", cli.path("out")}),
+                 (cli.path("out/Kestrel") + "\n" + cli.path("out/Kestrel.zip") + "\n").toUtf8());
+        QVERIFY(cli.fails({"package", "Kestrel", cli.path("out")}).contains("exists already"));
+        QVERIFY(!cli.exists("ORBDescriptor/Kestrel.edt"));
     }
 };
 

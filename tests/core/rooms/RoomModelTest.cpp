@@ -1,9 +1,11 @@
 // The room model over a planet's keys: neighbours, how stored actions bind to the seven standard
-// actions, descriptions and effects, and the changes of a room's lists, effects and locks.
+// actions, descriptions and effects, and the changes of a room's lists, effects and locks; the
+// adventure grid wizard's keys and sizes, and its grids as the room model reads them back.
 
 #include <gtest/gtest.h>
 
 #include "core/messages/support/MemoryMessageStore.h"
+#include "rooms/GridWizard.h"
 #include "rooms/RoomChanges.h"
 
 namespace orr {
@@ -24,8 +26,6 @@ TEST(RoomNames, NeighboursInBothFormsAndNamesWithoutCoordinates) {
         {"7", {"", "80", "71", "60"}},
     };
     for (const auto& [room, expected] : cases) EXPECT_EQ(NeighbourRooms(room), expected) << room;
-    EXPECT_EQ(gridRoomName(10, 3, 10, 3), "Area103");
-    EXPECT_EQ(gridRoomName(1, 1, 10, 3), "Area011");
     EXPECT_EQ(roomOfGroup("Area22Locked"), "Area22");
     EXPECT_EQ(roomOfGroup("Search"), "Search");
 }
@@ -131,7 +131,7 @@ TEST_F(RoomTest, DescriptionsEffectsAndDoorsThatLeadNowhere) {
     EXPECT_FALSE(LoadRoom(store, "None", [](auto&, auto&) { return NotARoomAnswer::Yes; }));
 }
 
-TEST_F(RoomTest, RemovingAnActionRenumbersTheLaterOnes) {
+TEST_F(RoomTest, RemovingAnActionRenumbersTheLaterOnesAndAppendingStopsAt255) {
     actions("Area11", {"a*MX", "b*MY", "c*MZ", "d*MW"});
     ASSERT_TRUE(RemoveAction(store, "Area11", 2));
     EXPECT_EQ(store.keys, (Keys{{"ResponsesArea11", "3"},
@@ -139,9 +139,7 @@ TEST_F(RoomTest, RemovingAnActionRenumbersTheLaterOnes) {
                                 {"ResponseArea112", "c*MZ"},
                                 {"ResponseArea113", "d*MW"}}));
     EXPECT_FALSE(RemoveAction(store, "Area11", 4));
-}
-
-TEST_F(RoomTest, TheTwoHundredAndFiftyFifthActionIsTheLast) {
+    // The two hundred and fifty-fifth action is the last.
     store.keys["ResponsesBig"] = "254";
     EXPECT_EQ(AppendAction(store, "Big", "x*M"), 255);
     EXPECT_EQ(AppendAction(store, "Big", "y*M"), 0);
@@ -187,6 +185,99 @@ TEST_F(RoomTest, ALockMakesThreeWrites) {
                                 {"MessageLoftLocked1", "Too high.*RArea11"}}));
     actions("Cave", {"Shout"});
     EXPECT_NE(lockProblem(store, "Cave", 1, 'B', "x"), "") << "no destination to lock";
+}
+
+Keys keysOf(const GridWizardChoices& choices, const Requirements& requirements = {}) {
+    Keys keys;
+    for (const auto& [key, value] : GridWizardKeys(choices, requirements)) {
+        EXPECT_TRUE(keys.emplace(key, value).second) << key << " written twice";
+    }
+    return keys;
+}
+
+TEST(GridWizard, SizesAreClampedByValidate) {
+    for (const auto& [typed, kept] : std::vector<std::pair<std::string, std::string>>{
+             {"1", "2"}, {"15", "10"}, {"99", "10"}, {"abc", "2"}, {"5", "5"}, {" 7x", "7"}})
+        EXPECT_EQ(validatedGridSize(typed), kept) << typed;
+}
+
+TEST(GridWizard, TwoByTwoWritesTheExampleArea) {
+    const Keys keys = keysOf({2, 2});
+    const Keys area11 = {
+        {"MessagesArea11", "1"},
+        {"MessageArea111", "This is Area 1, 1"},
+        {"ResponseArea111", "Go East and report back.*MArea21"},
+        {"ResponseArea112", "Go South and report back.*MArea12"},
+        {"ResponseArea113", "Beam back up to the ship.*MBeamUp"},
+        {"ResponseArea114", "Search the area for anything unusual.*MArea11Search"},
+        {"ResponseArea115", "What are your current tricorder readings?*MArea11Tri"},
+        {"ResponsesArea11", "5"},
+        {"MessagesArea11Search", "1"},
+        {"MessageArea11Search1", "We found nothing of interest, %RK.*RArea11"},
+        {"MessagesArea11Tri", "1"},
+        {"MessageArea11Tri1", "We have a [type] reading bearing [number] degrees.*RArea11"},
+        {"BeamMessages", "1"},
+        {"Beam1", "We beamed down to Area 1, 1*RArea11"},
+        {"MessagesBeamUp", "1"},
+        {"MessageBeamUp1", "Beam up sucessful.*RNone"}};
+    for (const auto& [key, value] : area11)
+        EXPECT_EQ(keys.count(key) ? keys.at(key) : "", value) << key;
+    EXPECT_EQ(keys.size(), 4 * 12 + 4u);
+}
+
+TEST(GridWizard, NamesAndDoorsOfWideAndLargeGrids) {
+    const Keys wide = keysOf({10, 3});
+    // A corner has two doors, an edge three, an inner area four; three more actions each.
+    for (const auto& [area, count] : std::vector<std::pair<std::string, std::string>>{
+             {"Area011", "5"}, {"Area021", "6"}, {"Area052", "7"}, {"Area103", "5"}})
+        EXPECT_EQ(wide.at("Responses" + area), count) << area;
+    EXPECT_EQ(wide.at("Beam1"), "We beamed down to Area 1, 1*RArea011");
+    const Keys large = keysOf({10, 10});
+    EXPECT_EQ(large.size(), 1364u);
+    EXPECT_EQ(large.at("ResponseArea10101"), "Go North and report back.*MArea1009");
+}
+
+TEST(GridWizard, ActionsLeftOutAndRequirementPrefixes) {
+    GridWizardChoices choices{3, 2};
+    choices.actions[kBeamUp] = false;
+    choices.actions[kNorth] = false;
+    const Keys keys = keysOf(choices, Requirements{{"%FA", "", "%fB"}});
+    EXPECT_FALSE(keys.count("MessagesBeamUp"));
+    EXPECT_EQ(keys.at("Beam1"), "We beamed down to Area 1, 1*RArea11");
+    for (const auto& [key, value] : keys) {
+        EXPECT_EQ(value.find("BeamUp"), std::string::npos) << key;
+        EXPECT_EQ(value.find("Go North"), std::string::npos) << key;
+    }
+    EXPECT_EQ(keys.at("ResponseArea224"),
+              "%fBWhat are your current tricorder readings?*MArea22Tri");
+    choices.actions[kBeamUp] = true;
+    EXPECT_EQ(keysOf(choices, Requirements{{"%FA", "", ""}}).at("ResponseArea113"),
+              "%FABeam back up to the ship.*MBeamUp");
+}
+
+// Every area of a wizard's grid opens with its doors, beam up,
+// search and tricorder ticked as default lines and nothing listed, whatever the requirement
+// prefixes.
+TEST(GridWizard, ItsAreasReadBackAsDefaultStandardActions) {
+    for (const GridWizardChoices& choices : {GridWizardChoices{3, 3}, GridWizardChoices{10, 10}}) {
+        test::MemoryMessageStore store;
+        store.keys = {{"BeamFlag", "%FA"}, {"TriFlag", "%f7"}};
+        for (const auto& [key, value] : GridWizardKeys(choices, readRequirements(store)))
+            store.keys[key] = value;
+        for (int x = 1; x <= choices.width; ++x) {
+            for (int y = 1; y <= choices.height; ++y) {
+                const RoomView view =
+                    readRoom(store, gridRoomName(x, y, choices.width, choices.height));
+                const std::array<bool, 4> doors = {y > 1, x < choices.width,
+                                                   y<choices.height, x> 1};
+                EXPECT_TRUE(view.description && view.listed.empty()) << view.room;
+                for (int i = 0; i < kStandardActionCount; ++i)
+                    EXPECT_EQ(view.standard[i].state,
+                              i >= kDirectionCount || doors[i] ? kDefault : kNotStored)
+                        << view.room << " " << kStandardCaptions[i];
+            }
+        }
+    }
 }
 
 }  // namespace

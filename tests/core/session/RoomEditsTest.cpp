@@ -20,7 +20,8 @@ class RoomEditsTest : public SessionTest {
         session.recheck();
         return session.store().GetPlanetKey(2, name, true);
     }
-    RoomRef area11{2, "Area11"};
+    static RoomRef at(const char* room, int planet = 2) { return {planet, room}; }
+    RoomRef area11 = at("Area11");
 };
 
 TEST_F(RoomEditsTest, TheWizardIsOneWriteAndOneStepThatLeavesLargerGridsBehind) {
@@ -47,43 +48,17 @@ TEST_F(RoomEditsTest, TheWizardIsOneWriteAndOneStepThatLeavesLargerGridsBehind) 
     EXPECT_EQ(workingCopy(), twoGrids);
 }
 
-TEST_F(RoomEditsTest, TypingInOneBoxIsOneStep) {
-    ASSERT_TRUE(finishGridWizard(session, 2, {2, 2}));
-    int number = 0;
-    for (const char* text : {"G", "Go", "Go up"})
-        ASSERT_TRUE(setActionText(session, area11, {0, kNorth}, text, &number));
-    for (const char* room : {"L", "Loft"})
-        ASSERT_TRUE(setActionDestination(session, area11, {number}, room));
-    for (const char* text : {"D", "Dusty"})
-        ASSERT_TRUE(setRoomDescription(session, {2, "Cellar"}, text));
-    EXPECT_EQ(number, 6) << "the unticked North is stored as a new action";
-    EXPECT_EQ(key("ResponseArea116"), "Go up*MLoft");
-    EXPECT_EQ(key("MessagesCellar") + key("MessageCellar1"), "1Dusty");
-    EXPECT_EQ(session.history().size(), 4u);
-    ASSERT_TRUE(session.undo());
-    EXPECT_EQ(key("MessagesCellar"), "ERR") << "the count raised by the first letter goes too";
-}
-
-TEST_F(RoomEditsTest, RefusalsChangeNothing) {
+// Refusals first, on the wizard's grid: they leave the file and the history alone; then typing
+// makes one step per box.
+TEST_F(RoomEditsTest, RefusalsChangeNothingAndTypingInOneBoxIsOneStep) {
     ASSERT_TRUE(finishGridWizard(session, 2, {2, 2}));
     const std::string before = workingCopy();
-    const std::vector<std::pair<const char*, std::function<bool()>>> refusals = {
-        {"no planet",
-         [&] {
-             return setRoomDescription(session, {5, "Area11"}, "x");
-         }},
-        {"None",
-         [&] {
-             return addRoomAction(session, {2, "None"});
-         }},
-        {"INIT",
-         [&] {
-             return addRoomAction(session, {2, "INIT"});
-         }},
-        {"odd name",
-         [&] {
-             return addRoomAction(session, {2, "Hall=1"});
-         }},
+    const Requirements badPrefix{{"%GA", "", ""}};
+    const std::pair<const char*, std::function<bool()>> refusals[] = {
+        {"no planet", [&] { return setRoomDescription(session, at("Area11", 5), "x"); }},
+        {"None", [&] { return addRoomAction(session, at("None")); }},
+        {"INIT", [&] { return addRoomAction(session, at("INIT")); }},
+        {"odd name", [&] { return addRoomAction(session, at("Hall=1")); }},
         {"ticked twice", [&] { return tickStandardAction(session, area11, kEast); }},
         {"no neighbour", [&] { return tickStandardAction(session, area11, kNorth); }},
         {"bad destination", [&] { return tickStandardAction(session, area11, kWest, "a*b"); }},
@@ -96,10 +71,7 @@ TEST_F(RoomEditsTest, RefusalsChangeNothing) {
         {"no effect of nothing", [&] { return editEffect(session, area11, "", "x", "Area11"); }},
         {"condition as return", [&] { return editEffect(session, area11, "Trap", "x", "S3"); }},
         {"lock without flag", [&] { return lockRoomAction(session, area11, 1, '?', "Locked."); }},
-        {"requirement",
-         [&] {
-             return setRequirements(session, 2, {{"%GA", "", ""}});
-         }},
+        {"requirement", [&] { return setRequirements(session, 2, badPrefix); }},
     };
     for (const auto& [what, refused] : refusals) {
         EXPECT_FALSE(refused()) << what;
@@ -107,6 +79,20 @@ TEST_F(RoomEditsTest, RefusalsChangeNothing) {
     }
     EXPECT_EQ(workingCopy(), before);
     EXPECT_EQ(session.history().size(), 1u);
+
+    int number = 0;
+    for (const char* text : {"G", "Go", "Go up"})
+        ASSERT_TRUE(setActionText(session, area11, {0, kNorth}, text, &number));
+    for (const char* room : {"L", "Loft"})
+        ASSERT_TRUE(setActionDestination(session, area11, {number}, room));
+    for (const char* text : {"D", "Dusty"})
+        ASSERT_TRUE(setRoomDescription(session, at("Cellar"), text));
+    EXPECT_EQ(number, 6) << "the unticked North is stored as a new action";
+    EXPECT_EQ(key("ResponseArea116"), "Go up*MLoft");
+    EXPECT_EQ(key("MessagesCellar") + key("MessageCellar1"), "1Dusty");
+    EXPECT_EQ(session.history().size(), 4u);
+    ASSERT_TRUE(session.undo());
+    EXPECT_EQ(key("MessagesCellar"), "ERR") << "the count raised by the first letter goes too";
 }
 
 }  // namespace

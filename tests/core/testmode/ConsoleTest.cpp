@@ -70,7 +70,7 @@ TEST_F(PlayTest, TimedMessagesWaitTheirSeconds) {
     }
 }
 
-TEST_F(PlayTest, HailBeamAndPhaserFallBack) {
+TEST_F(PlayTest, HailBeamPhaserAndPhoton) {
     play({"BeamMessages=1", "Beam1=A crater."}, 100);
     EXPECT_TRUE(console.hail());
     EXPECT_FALSE(console.hail());  // disabled after its use
@@ -88,9 +88,8 @@ TEST_F(PlayTest, HailBeamAndPhaserFallBack) {
         EXPECT_EQ(console.state().MessageLevel, level);
     }
     EXPECT_EQ(take()[0], "question: Are you sure you wish to fire phasers this planet?");
-}
 
-TEST_F(PlayTest, PhotonDestroysThePlanetOnlyWithEnoughTorpedoes) {
+    // Photon destroys the planet only with enough torpedoes.
     play({});
     ship.Class1Torpedoes = 2;
     console.photon();

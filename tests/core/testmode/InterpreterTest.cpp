@@ -32,100 +32,77 @@ Change energySource(int energy) {
         p.Attributes = PlanetAttributes{0, 0, 0, energy, 4}.pack();
     };
 }
+Change onShip(std::function<void(ShipState&)> change) {
+    return [=](ShipState& s, PlanetRecord&) { change(s); };
+}
 
 }  // namespace
 
-TEST_F(PlayTest, ConditionsFollowTheirTable) {
+// Conditions ("%" codes) and star codes that decide whether a message may be chosen, grouped by
+// the ship and planet they are checked on.
+TEST_F(PlayTest, ConditionsAndStarCodesDecideWhetherAMessageMayBeChosen) {
     struct Row {
-        const char* code;
         Change setup;
-        bool expected;
+        std::vector<const char*> hold, fail;
         double draw = 0;
     };
     const std::vector<Row> rows = {
-        {"00", none, false},
-        {"05", none, true, 0.5},  // n tenths: r x 10 not greater than n
-        {"05", none, false, 0.51},
-        {"10", none, true},
-        {"10", level(1, 2), false},
-        {"14", level(5, 2), false},
-        {"15", level(1, 2), true},
-        {"19", none, false},
-        {"22", energySource(2), true},
-        {"20", energySource(2), false},
-        {"24", energySource(1), true},
-        {"25", energySource(1), false},
-        {"26", level(1, 3), true},
-        {"30", level(5, 2), false},
-        {"31", flag(0), true},
-        {"37", flag(6), true},
-        {"38", flag(0), false},
-        {"44", none, true},
-        {"45", flag(7), true},
-        {"46", flag(7), false},
-        {"47", damage({{1, 3}}), true},
-        {"47", damage({{0, 3}}), false},
-        {"47", damage({{1, 7}}), false},
-        {"48", damage({{1, 1}, {2, 1}, {3, 1}, {4, 1}}), false},
-        {"48", damage({{1, 1}, {2, 1}, {3, 1}, {4, 1}, {8, 1}}), true},
-        {"49", damage({{8, 7}}), true},
-        {"50", damage({{1, 9}, {2, 9}, {3, 9}, {4, 9}, {5, 9}}), true},
-        {"51", damage({{0, 5}}), true},
-        {"51", damage({{2, 0.5F}}), false},
-        {"52", [](ShipState& s, PlanetRecord&) { s.UpgradesOption = true; }, false},
-        {"53", [](ShipState& s, PlanetRecord&) { s.BadGuyOption = true; }, true},
-        {"54", [](ShipState& s, PlanetRecord&) { s.BadGuyOption = true; }, false},
-        {"55", level(1, 4), true},
-        {"59", level(5, 5), false},
-        {"60", none, true},
-        {"99", none, true},
-        {"0A", none, true},
-        {"FA", flag(0), true},
-        {"FH", flag(8), true},
-        {"FH", flag(7), false},
-        {"F0", flag(27), true},
-        {"F9", flag(36), true},
-        {"fZ", flag(26), false},
-        {"fB", none, true},
-        {"W5", none, true},
-        {"GN", none, true},
+        {none,
+         {"%10", "%44", "%60", "%99", "%0A", "%fB", "%W5", "%GN", "*RS9", "*-TI5", "*+EN900"},
+         {"%00", "%19", "*RS3", "*-ENM6000"}},
+        {none, {"%05"}, {}, 0.5},  // n tenths: r x 10 not greater than n
+        {none, {}, {"%05"}, 0.51},
+        {level(1, 2), {"%15"}, {"%10"}},
+        {level(5, 2), {}, {"%14", "%30"}},
+        {energySource(2), {"%22"}, {"%20"}},
+        {energySource(1), {"%24"}, {"%25"}},
+        {level(1, 3), {"%26"}, {}},
+        {level(1, 4), {"%55"}, {}},
+        {level(5, 5), {}, {"%59"}},
+        {flag(0), {"%31", "%FA"}, {"%38"}},
+        {flag(6), {"%37"}, {}},
+        {flag(7), {"%45"}, {"%46", "%FH"}},
+        {flag(8), {"%FH"}, {}},
+        {flag(27), {"%F0"}, {}},
+        {flag(36), {"%F9"}, {}},
+        {flag(26), {}, {"%fZ"}},
+        {damage({{1, 3}}), {"%47"}, {}},
+        {damage({{0, 3}}), {}, {"%47"}},
+        {damage({{1, 7}}), {}, {"%47"}},
+        {damage({{1, 1}, {2, 1}, {3, 1}, {4, 1}}), {}, {"%48"}},
+        {damage({{1, 1}, {2, 1}, {3, 1}, {4, 1}, {8, 1}}), {"%48"}, {}},
+        {damage({{8, 7}}), {"%49"}, {}},
+        {damage({{1, 9}, {2, 9}, {3, 9}, {4, 9}, {5, 9}}), {"%50"}, {}},
+        {damage({{0, 5}}), {"%51"}, {}},
+        {damage({{2, 0.5F}}), {}, {"%51"}},
+        {damage({{3, 3}}), {"*RS3"}, {}},
+        {damage({{3, 7}}), {"*R!S3"}, {"*RS3"}},
+        {onShip([](ShipState& s) { s.UpgradesOption = true; }), {}, {"%52"}},
+        {onShip([](ShipState& s) { s.BadGuyOption = true; }), {"%53"}, {"%54"}},
+        {onShip([](ShipState& s) { s.ExtraBay = 5; }), {"*-PTU5"}, {}},
+        {onShip([](ShipState& s) { s.ExtraBay = 4; }), {}, {"*-PTU5"}},
+        {onShip([](ShipState& s) { s.Class1Torpedoes = 4; }), {}, {"*-PT5"}},
+        {onShip([](ShipState& s) { s.PoValue = 2; }), {"*-PO2"}, {}},
+        {onShip([](ShipState& s) { s.ShipEnergy = 99; }), {}, {"*-EN100"}},
     };
     for (const Row& row : rows) {
-        ShipState s = ship;
-        PlanetRecord p = planet.record;
+        const ShipState s = ship;
+        const PlanetRecord p = planet.record;
         row.setup(ship, planet.record);
-        random.script = {row.draw};
-        EXPECT_EQ(interpreter().CheckCondition(row.code), row.expected) << row.code;
+        for (const bool expected : {true, false}) {
+            for (const std::string code : expected ? row.hold : row.fail) {
+                random.script = {row.draw};
+                const bool eligible = code[0] == '%' ? interpreter().CheckCondition(code.substr(1))
+                                                     : interpreter().IsCodeEligible(code.substr(1));
+                EXPECT_EQ(eligible, expected) << code;
+            }
+        }
         ship = s;
         planet.record = p;
     }
 }
 
-TEST_F(PlayTest, StarCodesDecideWhetherAMessageMayBeChosen) {
-    const std::vector<std::tuple<const char*, Change, bool>> rows = {
-        {"RS3", damage({{3, 3}}), true},
-        {"RS3", none, false},
-        {"RS3", damage({{3, 7}}), false},
-        {"R!S3", damage({{3, 7}}), true},
-        {"RS9", none, true},
-        {"-PTU5", [](ShipState& s, PlanetRecord&) { s.ExtraBay = 5; }, true},
-        {"-PTU5", [](ShipState& s, PlanetRecord&) { s.ExtraBay = 4; }, false},
-        {"-PT5", [](ShipState& s, PlanetRecord&) { s.Class1Torpedoes = 4; }, false},
-        {"-PO2", [](ShipState& s, PlanetRecord&) { s.PoValue = 2; }, true},
-        {"-EN100", [](ShipState& s, PlanetRecord&) { s.ShipEnergy = 99; }, false},
-        {"-ENM6000", none, false},
-        {"-TI5", none, true},
-        {"+EN900", none, true},
-    };
-    for (const auto& [code, setup, expected] : rows) {
-        const ShipState s = ship;
-        setup(ship, planet.record);
-        EXPECT_EQ(interpreter().IsCodeEligible(code), expected) << code;
-        ship = s;
-    }
-}
-
-TEST_F(PlayTest, SelectionReachesEveryEligibleMessageAndNoOther) {
+TEST_F(PlayTest, SelectingAndShowingAMessage) {
     play({"Message1=%00Never", "Message2=Two", "Message3=Three*RS3", "Message4=Four"});
     std::set<int> chosen;
     for (int k = 0; k < 100; ++k) {
@@ -140,9 +117,8 @@ TEST_F(PlayTest, SelectionReachesEveryEligibleMessageAndNoOther) {
         EXPECT_EQ(interpreter().SelectMessage("Message", 1), -1);
         EXPECT_EQ(take(), std::vector<std::string>{"box: *** COMMUNICATION TERMINATED ***"});
     }
-}
 
-TEST_F(PlayTest, ShowingALineFillsItsTextThenRunsItsCodesInOrder) {
+    // Showing a line fills its text, then runs its codes in order.
     play({});
     console.state().MessageLevel = "Hail";
     const std::vector<std::pair<std::string, std::vector<std::string>>> rows = {
@@ -205,56 +181,49 @@ TEST_F(PlayTest, FifthUpgradeOfAKindIsRefused) {
 TEST_F(PlayTest, StarCodesChangeTheShipWithinTheirLimits) {
     struct Row {
         const char* code;
-        std::vector<double> draws;
         std::vector<std::string> shown;
-        std::function<bool()> holds;
+        std::function<bool()> holds = [] { return true; };
+        std::vector<double> draws = {};
     };
     play({});  // treaties need an orbited planet
-    auto destroyAll = [this] {
-        damage({{1, 8}, {2, 8}, {3, 8}, {4, 8}, {5, 8}, {6, 8}, {7, 8}, {8, 8}})(ship,
-                                                                                 planet.record);
-    };
     const std::vector<Row> rows = {
-        {"+EN500", {}, {}, [&] { return ship.ShipEnergy == 4500; }},
-        {"-ENM9000", {}, {}, [&] { return ship.ShipEnergyMax == 1000 && ship.ShipEnergy == 4000; }},
-        {"+ENM99999", {}, {}, [&] { return ship.ShipEnergyMax == 32767; }},
-        {"+EN99999999999", {}, {}, [&] { return ship.ShipEnergy == 4500; }},
-        {"+EN1E12", {}, {}, [&] { return ship.ShipEnergy == 4000; }},    // the name is "EN1E"
-        {"+PT2.5", {}, {}, [&] { return ship.Class1Torpedoes == 12; }},  // 12.5 to even
-        {"-PT15", {}, {}, [&] { return ship.Class1Torpedoes == 0; }},
-        {"+PTU99", {}, {}, [&] { return ship.ExtraBay == 20; }},
-        {"+PO11", {}, {}, [&] { return ship.PoValue == 10; }},
-        {"+5", {}, {"box: There is a syntax error in the message file: +5"}, [] { return true; }},
-        {"-TI2.5", {}, {"box: Time has gone down by 2.5"}, [] { return true; }},
+        {"+EN500", {}, [&] { return ship.ShipEnergy == 4500; }},
+        {"-ENM9000", {}, [&] { return ship.ShipEnergyMax == 1000 && ship.ShipEnergy == 4000; }},
+        {"+ENM99999", {}, [&] { return ship.ShipEnergyMax == 32767; }},
+        {"+EN99999999999", {}, [&] { return ship.ShipEnergy == 4500; }},
+        {"+EN1E12", {}, [&] { return ship.ShipEnergy == 4000; }},    // the name is "EN1E"
+        {"+PT2.5", {}, [&] { return ship.Class1Torpedoes == 12; }},  // 12.5 to even
+        {"-PT15", {}, [&] { return ship.Class1Torpedoes == 0; }},
+        {"+PTU99", {}, [&] { return ship.ExtraBay == 20; }},
+        {"+PO11", {}, [&] { return ship.PoValue == 10; }},
+        {"+5", {"box: There is a syntax error in the message file: +5"}},
+        {"-TI2.5", {"box: Time has gone down by 2.5"}},
         {"H30",
-         {},
          {"box: Your shields have been hit with 30units."},
          [&] { return ship.Shields == -30; }},
         {"A5",
          {},
-         {},
          [&] { return console.state().EnergyAllowance == 5 && console.state().buttons.energy; }},
-        {"SP3", {}, {}, [&] { return ship.Retrofits[3] == 1; }},
-        {"SP6", {}, {}, [&] { return ship.Retrofits == decltype(ship.Retrofits){}; }},
-        {"SF12", {}, {}, [&] { return GetFlag(planet.record, 39); }},
-        {"SFH", {}, {}, [&] { return GetFlag(planet.record, 8); }},
-        {"TFA", {}, {}, [&] { return GetFlag(planet.record, 0); }},
-        {"XFB", {}, {}, [&] { return planet.record.TestFlags == 0; }},
+        {"SP3", {}, [&] { return ship.Retrofits[3] == 1; }},
+        {"SP6", {}, [&] { return ship.Retrofits == decltype(ship.Retrofits){}; }},
+        {"SF12", {}, [&] { return GetFlag(planet.record, 39); }},
+        {"SFH", {}, [&] { return GetFlag(planet.record, 8); }},
+        {"TFA", {}, [&] { return GetFlag(planet.record, 0); }},
+        {"XFB", {}, [&] { return planet.record.TestFlags == 0; }},
         {"TREATY",
-         {},
          {"box: A treaty has been formed with the Kelvari.\nThis will allow you more "
           "time to complete\nyour mission.  (It will also look pretty good\non "
           "your record.)"},
          [&] { return GetFlag(planet.record, 7); }},
         {"DS0",
-         {0.5, 0.9999},
          {"box: System 7 damaged."},
-         [&] { return ship.SystemDamage[7] == 175; }},
-        {"DS9", {}, {}, [&] { return !ship.anyDamage(); }},
-        {"FALL", {}, {"box: All systems repaired!"}, [] { return true; }},
-        {"FS2", {}, {"box: System 2 repaired!"}, [] { return true; }},
-        {"FS0", {}, {}, [] { return true; }},  // nothing damaged
-        {"RS3", {}, {}, [&] { return console.state().ResponseLevel == "S3"; }},
+         [&] { return ship.SystemDamage[7] == 175; },
+         {0.5, 0.9999}},
+        {"DS9", {}, [&] { return !ship.anyDamage(); }},
+        {"FALL", {"box: All systems repaired!"}},
+        {"FS2", {"box: System 2 repaired!"}},
+        {"FS0", {}},  // nothing damaged
+        {"RS3", {}, [&] { return console.state().ResponseLevel == "S3"; }},
     };
     for (const Row& row : rows) {
         const ShipState s = ship;
@@ -277,7 +246,7 @@ TEST_F(PlayTest, StarCodesChangeTheShipWithinTheirLimits) {
     ship.SystemDamage[3] = 8;
     random.script = {0.26, 0.9999};
     interpreter().ExecuteCode("D!S3");
-    destroyAll();
+    damage({{1, 8}, {2, 8}, {3, 8}, {4, 8}, {5, 8}, {6, 8}, {7, 8}, {8, 8}})(ship, planet.record);
     interpreter().ExecuteCode("D!S0");
     interpreter().ExecuteCode("FS0");  // only destroyed ones: nothing
     ship.SystemDamage = {0, 0, 0, 0, 3, 0, 8, 0, 0};

@@ -1,7 +1,7 @@
-// "Planet Pictures" through its controls: what each planet shows and which buttons it offers,
-// the questions, the custom-picture switch, New from a file, Edit in a stand-in paint program
-// (one that changes the file and one that leaves it), and an animation made by the test, which
-// plays, or says in one line why it cannot.
+// The picture codec's strip files, and "Planet Pictures" through its controls: what each planet
+// shows and which buttons it offers, the questions, the custom-picture switch, New from a file,
+// Edit in a stand-in paint program (one that changes the file and one that leaves it), and an
+// animation made by the test, which plays, or says in one line why it cannot.
 
 #include <QtTest>
 
@@ -35,13 +35,16 @@ QImage filled(QColor colour, QSize size = QSize(40, 30)) {
 }
 
 // "Sol": three planets, planet 2 named Birch; a strip in Sol.jpg (a bitmap, whatever the name
-// says) with a red planet 1, none for 2 and a blue planet 3, whose animation Sol3.avi plays.
+// says) with a red planet 1 larger than its cell, none for 2 and a small blue planet 3, whose
+// animation Sol3.avi plays.
 struct Sol {
     Sol() {
         game.writeDescriptor(TempGameFolder::systemRecord("Sol", 3), "[Names]\r\n2=Birch\r\n");
         std::string error;
         codec.saveStrip(game.pictures() / "Sol.jpg",
-                        {pictureOf(filled(Qt::red)), nullptr, pictureOf(filled(Qt::blue))}, &error);
+                        {pictureOf(filled(Qt::red, QSize(200, 150))), nullptr,
+                         pictureOf(filled(Qt::blue, QSize(10, 10)))},
+                        &error);
         game.write("PICTURES/Sol3.avi", test::tinyAvi().toStdString());
         session.setPictureCodec(&codec);
         session.open("Sol", [] { return false; });
@@ -76,8 +79,45 @@ class frmPicturesTest : public QObject {
   private slots:
     void initTestCase() { QStandardPaths::setTestModeEnabled(true); }
 
-    void eachPlanetShowsWhatItHasAndTheButtonsFollow() {
+    // The strip as the window saves it: a bitmap, whatever its name says, cut back into the same
+    // cells; a picture is centred in its cell and cut at its edges when larger; a missing
+    // picture is a blank cell, read back as no picture.
+    void theStripAndWhatEachPlanetShows() {
         Sol sol;
+        const auto file = sol.game.pictures() / "Sol.jpg";
+        QVERIFY(test::readBytes(file).starts_with("BM"));
+        std::string error;
+        const std::vector<PictureRef> cells = sol.codec.loadStrip(file, 3, &error);
+        QCOMPARE(cells.size(), std::size_t{3});
+        const QImage first = imageOf(cells[0]);
+        QCOMPARE(first.size(), QSize(QtPictureCodec::kCellWidth, QtPictureCodec::kCellHeight));
+        QCOMPARE(first.pixelColor(QtPictureCodec::kCellWidth - 1, 10), QColor(Qt::red));
+        QCOMPARE(first.pixelColor(0, 0), QColor(Qt::red));
+        QVERIFY(!cells[1]);
+        QCOMPARE(imageOf(cells[2]).pixelColor(80, 60), QColor(Qt::blue));
+        QCOMPARE(imageOf(cells[2]).pixelColor(0, 0), QColor(Qt::black));
+
+        // A strip narrower than its planets, and files that are no picture that can be used:
+        // each is refused with its reason, none is decoded in full.
+        QVERIFY(sol.codec.loadStrip(file, 500, &error).empty());
+        QVERIFY(QString::fromStdString(error).contains("too narrow"));
+        QByteArray huge("BM");  // a bitmap header that claims 20000 x 16 pixels
+        for (const quint32 field : {0u, 0u, 54u, 40u, 20000u, 16u}) {
+            huge += QByteArray(4, '\0');
+            qToLittleEndian(field, huge.data() + huge.size() - 4);
+        }
+        huge += QByteArray("\x01\x00\x18\x00", 4) + QByteArray(24, '\0');
+        const std::pair<std::string, QString> bad[] = {{"", "not a picture"},
+                                                       {"not a picture", "not a picture"},
+                                                       {"GIF89a\x01", "not a picture"},
+                                                       {huge.toStdString(), "too large"}};
+        for (const auto& [bytes, why] : bad) {
+            test::writeBytes(sol.game.path("bad.gif"), bytes);
+            QVERIFY(!sol.codec.loadPicture(sol.game.path("bad.gif"), &error));
+            QVERIFY2(QString::fromStdString(error).contains(why), error.c_str());
+        }
+
+        // Each planet shows what it has, and the buttons follow.
         const std::tuple<int, QString, QString, QString> planets[] = {
             {1, "Planet 1", "picPlanet", "NERR"},
             {2, "Birch", "lblNoPic", "N--R"},

@@ -69,36 +69,7 @@ struct Halcyon {
         };
         return p;
     }
-    std::vector<std::string> flagItems() {
-        std::vector<std::string> items;
-        for (const char* c : {"A", "B", "C"})
-            items.push_back(std::string(c) + (c[0] == 'B' ? " - Shared energy" : " - Unused"));
-        return items;
-    }
-};
-
-// Answers the dialogs the windows run, in order.
-class Dialogs {
-  public:
-    Dialogs() {
-        previous_ = setDialogRunner([this](QDialog& dialog) {
-            if (answers_.empty()) {
-                ++unexpected_;
-                return;
-            }
-            auto next = std::move(answers_.front());
-            answers_.pop_front();
-            next(dialog);
-        });
-    }
-    ~Dialogs() { setDialogRunner(std::move(previous_)); }
-    void next(std::function<void(QDialog&)> answer) { answers_.push_back(std::move(answer)); }
-    bool done() const { return answers_.empty() && unexpected_ == 0; }
-
-  private:
-    std::deque<std::function<void(QDialog&)>> answers_;
-    int unexpected_ = 0;
-    DialogRunner previous_;
+    std::vector<std::string> flagItems = {"A - Unused", "B - Shared energy", "C - Unused"};
 };
 
 }  // namespace
@@ -109,11 +80,11 @@ class TestModeWindowsTest : public QObject {
   private slots:
     void initTestCase() { QStandardPaths::setTestModeEnabled(true); }
 
-    void optionsFlagGridAndListStayInStep() {
+    void optionsFlagGridListAndUpgradeLabels() {
         Halcyon halcyon;
         ShipState ship;
         SeededRandom random;
-        frmSSOptions options(ship, random, halcyon.planet(), halcyon.flagItems());
+        frmSSOptions options(ship, random, halcyon.planet(), halcyon.flagItems);
         QCOMPARE(options.windowTitle(), QStringLiteral("Test Options"));
         QCOMPARE(child<QLabel>(options, "lblFlag7")->text(), QStringLiteral("Treaty"));
         auto* list = child<QListWidget>(options, "lstFlags");
@@ -140,19 +111,14 @@ class TestModeWindowsTest : public QObject {
         QCOMPARE(child<QLabel>(options, "lblLast")->text(), QStringLiteral("Never"));
         last->setValue(15);
         QCOMPARE(child<QLabel>(options, "lblLast")->text(), QStringLiteral("1.5 days ago"));
-    }
 
-    void upgradeLabelsCycleWhileUpgradesIsChecked() {
-        Halcyon halcyon;
-        ShipState ship;
-        SeededRandom random;
-        frmSSOptions options(ship, random, halcyon.planet(), halcyon.flagItems());
+        // The upgrade labels cycle only while "Upgrades" is checked.
         auto* shape = child<UpgradeShape>(options, "UpSh");
         auto* label = child(options, "lblUpgrade1");
         press(label);
         QCOMPARE(ship.UpgradeLevel[2], 1);  // "Upgrades" unchecked: nothing
         child<QCheckBox>(options, "chkUpgrades")->click();
-        const QColor face = shape->fill();
+        const QColor plain = shape->fill();
         for (const auto& [fill, border] :
              std::vector<std::pair<int, int>>{{14, 0}, {10, 0}, {11, 0}, {12, 8}}) {
             press(label);
@@ -161,7 +127,7 @@ class TestModeWindowsTest : public QObject {
         }
         press(shape);
         QCOMPARE(ship.UpgradeLevel[2], 1);
-        QCOMPARE(shape->fill(), face);
+        QCOMPARE(shape->fill(), plain);
         press(label);
         child<QCheckBox>(options, "chkUpgrades")->click();  // unchecking resets every level
         QCOMPARE(ship.UpgradeLevel, (decltype(ship.UpgradeLevel){0, 1, 1, 1, 1, 1}));
@@ -172,13 +138,19 @@ class TestModeWindowsTest : public QObject {
         ShipState ship;
         SeededRandom random;
         ScriptedPrompts prompts;
-        Dialogs dialogs;
-        frmSSOptions options(ship, random, halcyon.planet(), halcyon.flagItems());
+        std::deque<std::function<void(QDialog&)>> dialogs;  // answers the windows' dialogs in order
+        const DialogRunner previous = setDialogRunner([&](QDialog& dialog) {
+            QVERIFY2(!dialogs.empty(), "an unexpected dialog");
+            const auto answer = std::move(dialogs.front());
+            dialogs.pop_front();
+            answer(dialog);
+        });
+        frmSSOptions options(ship, random, halcyon.planet(), halcyon.flagItems);
         press(child(options, "lblFlag0"));
         child<QScrollBar>(options, "hsbLast")->setValue(0);
         child<QCheckBox>(options, "chkBadGuy")->click();
         child<QLineEdit>(options, "txtSeed")->setText(QStringLiteral("42"));
-        dialogs.next([&](QDialog& dialog) {
+        dialogs.push_back([&](QDialog& dialog) {
             auto& console = dynamic_cast<frmSSControl&>(dialog);
             QCOMPARE(console.windowTitle(), QStringLiteral("Solar System Control Panel"));
             QVERIFY(GetFlag(options.planet().record, 0));
@@ -199,7 +171,7 @@ class TestModeWindowsTest : public QObject {
             console.flagTick();
             QCOMPARE(child<QPushButton>(console, "cmdNotes")->text(),
                      QStringLiteral("Response Level: Hail"));
-            dialogs.next([](QDialog& respond) {
+            dialogs.push_back([](QDialog& respond) {
                 QCOMPARE(respond.findChildren<QRadioButton*>().size(), 2);  // the template too
                 QTest::keyClick(&respond, Qt::Key_1);
                 child<QPushButton>(respond, "cmdSend")->click();
@@ -223,13 +195,14 @@ class TestModeWindowsTest : public QObject {
             QVERIFY(!console.console().state().open);
         });
         child<QPushButton>(options, "cmdBegin")->click();
-        QVERIFY(dialogs.done());
+        setDialogRunner(previous);
+        QVERIFY(dialogs.empty());
         QCOMPARE(child<QLabel>(options, "lblSeed")->text(), QStringLiteral("Seed in use: 42"));
         QCOMPARE(child<QListWidget>(options, "lstFlags")->count(), 2);  // A, and B from the play
         QCOMPARE(prompts.unexpectedCount(), 0);
     }
 
-    void respondDialogDigitKeysPickTheOfferedResponsesInOrder() {
+    void respondDigitKeysAndTheNumberDialogsScrollBar() {
         frmRespond respond;
         respond.show();
         respond.offer({{2, "Trade"}, {5, "Leave"}});
@@ -241,9 +214,8 @@ class TestModeWindowsTest : public QObject {
         QVERIFY(respond.options()[1]->isChecked());
         child<QPushButton>(respond, "cmdSend")->click();
         QCOMPARE(respond.chosen(), 5);
-    }
 
-    void numberDialogKeepsScrollBarAndTextInStep() {
+        // The number dialog keeps its scroll bar and its text box in step.
         frmGetNumber number;
         number.prepare({"How long?", "", "days", 1, 0.01F, 2.5F, 0.01F});
         auto* bar = child<QScrollBar>(number, "vsbNumber");
