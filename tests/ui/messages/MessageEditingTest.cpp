@@ -1,6 +1,6 @@
 // The message editor as it opens and edits: Save writes what the controls say, the information
 // text, the one-line text box and the limits, the questions before a save would change a stored
-// line, the caption, the direction animation, closing during an edit and the launcher.
+// line, the caption, the direction animation, closing during an edit, the launcher, and undo.
 
 #include <QtTest>
 
@@ -8,6 +8,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScrollBar>
@@ -25,6 +26,15 @@ using namespace orr;
 using namespace orr::ui;
 using orr::test::MessageEditorFixture;
 using orr::test::section;
+
+namespace {
+
+void pressOn(QWidget* widget, const QKeySequence& keys) {
+    widget->setFocus();
+    QTest::keySequence(widget, keys);
+}
+
+}  // namespace
 
 class MessageEditingTest : public QObject {
     Q_OBJECT
@@ -63,31 +73,9 @@ class MessageEditingTest : public QObject {
         QCOMPARE(f.key(1, "Message1"), expected);
         QCOMPARE(f.entries(), QStringList{QStringLiteral("Welcome, %RK.")});
         QVERIFY(!f.enabled("fraOptions"));
-    }
 
-    void informationIsEditedInPlace() {
-        MessageEditorFixture f(section(1, {"Info=A cold world."}));
-        f.open(1);
-        f.chooseDirection(1);
-        QVERIFY(f.visible("pnlInfo"));
-        QVERIFY(!f.enabled("cboGroup"));
-        QVERIFY(!f.enabled("fraOptions"));
-        QCOMPARE(f.text("txtMessage"), QStringLiteral("A cold world."));
-        f.type("A frozen world.");
-        QCOMPARE(f.text("lblM1Text"), QStringLiteral("A frozen world."));
-        f.click("cmdSave");
-        QCOMPARE(f.key(1, "Info"), std::string("A frozen world."));
-        QVERIFY(f.visible("txtMessage"));  // still editing
-        f.click("cmdDelete");
-        QCOMPARE(f.key(1, "Info"), std::string("ERR"));
-        QVERIFY(!f.enabled("cmdDelete"));  // nothing left to delete
-    }
-
-    void theTextIsOneLineAndTheLimitsWarn() {
-        MessageEditorFixture f;
-        f.open(1);
+        // The text is one line, and the limits warn.
         f.click("cmdNew");
-        auto* text = f.find<QPlainTextEdit>("txtMessage");
         QTest::keyClicks(text, "ab");
         QTest::keyClick(text, Qt::Key_Return);
         QTest::keyClicks(text, "c");
@@ -103,7 +91,7 @@ class MessageEditingTest : public QObject {
         // A line over the limit can still be saved (the game will read only 254 characters).
         f.click("cmdSave");
         QVERIFY(f.game.read("ORBDescriptor/Nova.edt")
-                    .find("Message1=" + std::string(255, 'a') + "\r\n") != std::string::npos);
+                    .find("Message2=" + std::string(255, 'a') + "\r\n") != std::string::npos);
 
         // Only a response's text has a width limit.
         const QString wide(150, QLatin1Char('W'));
@@ -118,8 +106,8 @@ class MessageEditingTest : public QObject {
     }
 
     // Each case is a part of the stored line the editor keeps beside the controls (codes the list
-    // does not know, the tags as stored, the condition that chose the answer): No keeps the
-    // stored line and the edit, Yes writes the line as the editor composes it.
+    // does not know, a tag as stored; the others are the core's): No keeps the stored line and
+    // the edit, Yes writes the line as the editor composes it.
     void aSaveThatWouldChangeALineAsksFirst() {
         struct Case {
             const char* key;
@@ -128,8 +116,7 @@ class MessageEditingTest : public QObject {
             const char* afterYes;
         };
         for (const Case& c : {Case{"Message1", "%ZZHello.*QQ5", "*QQ5", "Hello."},
-                              Case{"ResponseHail1", "Deal*RDeal", "\"*RDeal\"", "Deal*MDeal"},
-                              Case{"Message1", "Hm*RTrade*RS3", "\"*RS3\"", "Hm*RS3*RTrade"}}) {
+                              Case{"ResponseHail1", "Deal*RDeal", "\"*RDeal\"", "Deal*MDeal"}}) {
             const bool response = c.key[0] == 'R';
             MessageEditorFixture f(section(1, {response ? "ResponsesHail=1" : "Messages=1",
                                                std::string(c.key) + "=" + c.stored}));
@@ -149,8 +136,9 @@ class MessageEditingTest : public QObject {
         }
     }
 
-    void whatCannotBeStoredIsRefused() {
-        MessageEditorFixture f(section(1, {"Messages=1", "Message1=Old text"}));
+    void whatCannotBeStoredIsRefusedAndInformationIsEditedInPlace() {
+        MessageEditorFixture f(
+            section(1, {"Messages=1", "Message1=Old text", "Info=A cold world."}));
         f.open(1);
         f.edit(0);
         const QString snowy = QStringLiteral("Snow \u2603 and caf\u00e9");
@@ -167,6 +155,22 @@ class MessageEditingTest : public QObject {
         QCOMPARE(f.prompts.messageTexts().last(),
                  toQString(answerGroupProblem("S1", Direction::Message)));
         QCOMPARE(f.key(1, "Message1"), std::string("Old text"));
+
+        // Information is edited in place.
+        f.click("cmdCancel");
+        f.chooseDirection(1);
+        QVERIFY(f.visible("pnlInfo"));
+        QVERIFY(!f.enabled("cboGroup"));
+        QVERIFY(!f.enabled("fraOptions"));
+        QCOMPARE(f.text("txtMessage"), QStringLiteral("A cold world."));
+        f.type("A frozen world.");
+        QCOMPARE(f.text("lblM1Text"), QStringLiteral("A frozen world."));
+        f.click("cmdSave");
+        QCOMPARE(f.key(1, "Info"), std::string("A frozen world."));
+        QVERIFY(f.visible("txtMessage"));  // still editing
+        f.click("cmdDelete");
+        QCOMPARE(f.key(1, "Info"), std::string("ERR"));
+        QVERIFY(!f.enabled("cmdDelete"));  // nothing left to delete
     }
 
     void openingShowsThePlanetAndClosingCancelsAnEdit() {
@@ -221,6 +225,82 @@ class MessageEditingTest : public QObject {
         f.answerNext<QDialog>([](QDialog& dialog) { dialog.reject(); });
         QVERIFY(openMessageEditor(&mainWindow, f.session, 1, true));
         QCOMPARE(editor.windowTitle(), QStringLiteral("Planet Messages - Nova I"));
+    }
+
+    // Undo and redo: the session's history from the keys (text boxes keep their own), and every
+    // undo or redo, from here or from the main window, shown from the file.
+    void undoAndRedoReachTheSessionAndTheWindowShowsTheFile() {
+        MessageEditorFixture f(
+            section(1, {"Messages=2", "Message1=One", "Message2=Two", "Info=Cold"}));
+        f.open(1);
+        f.edit(0);
+        f.type(QStringLiteral("Uno"));
+        f.click("cmdSave");
+        auto* list = f.find<QListWidget>("lstMessages");
+        const QKeySequence undo(Qt::CTRL | Qt::Key_Z), redo(Qt::CTRL | Qt::SHIFT | Qt::Key_Z),
+            redoY(Qt::CTRL | Qt::Key_Y);
+        for (const auto& [keys, stored] : {std::pair{undo, "One"}, std::pair{redo, "Uno"},
+                                           std::pair{undo, "One"}, std::pair{redoY, "Uno"}}) {
+            pressOn(list, keys);
+            QCOMPARE(f.key(1, "Message1"), std::string(stored));
+            QCOMPARE(f.entries().front(), QString::fromLatin1(stored));
+        }
+        // "Use Custom Messages" is a step as well, and its undo shows in the box.
+        f.click("chkCustom");
+        QVERIFY(QString::fromStdString(f.session.undoName()).startsWith("Use Custom Messages"));
+        pressOn(list, undo);
+        QCOMPARE(f.session.store().GetGeneralFlag(kMessagesFlag, 1), 0);
+        QVERIFY(!f.find<QCheckBox>("chkCustom")->isChecked());
+
+        // Undo from the main window's Edit menu: another line's edit goes on and the list
+        // follows once it ends; an edit of the line that changes is cancelled.
+        f.edit(1);
+        f.type(QStringLiteral("Draft"));
+        QVERIFY(f.session.undo());
+        QVERIFY(f.window().isEditing());
+        QCOMPARE(f.text("txtMessage"), QStringLiteral("Draft"));
+        f.click("cmdCancel");
+        QCOMPARE(f.entries(), (QStringList{"One", "Two"}));
+        f.edit(0);
+        f.type(QStringLiteral("Draft"));
+        QVERIFY(f.session.redo());
+        QVERIFY(!f.window().isEditing());
+        QCOMPARE(f.entries(), (QStringList{"Uno", "Two"}));
+
+        // The answer groups and the information text follow as well.
+        f.chooseDirection(2);
+        f.click("cmdNew");
+        f.type(QStringLiteral("Deal?"));
+        f.find<QComboBox>("cboAnswerGroup")->setEditText(QStringLiteral("Trade"));
+        f.click("cmdSave");
+        QVERIFY(f.items("cboAnswerGroup").contains(QStringLiteral("Trade")));
+        QVERIFY(f.session.undo());
+        QVERIFY(f.entries().isEmpty());
+        QVERIFY(!f.items("cboAnswerGroup").contains(QStringLiteral("Trade")));
+        QVERIFY(f.session.redo());
+        QCOMPARE(f.entries(), QStringList{"Deal?"});
+        f.chooseDirection(1);
+        f.type(QStringLiteral("Frozen"));
+        f.click("cmdSave");
+        f.type(QStringLiteral("Draft"));
+        QVERIFY(f.session.undo());
+        QCOMPARE(f.text("txtMessage"), QStringLiteral("Cold"));
+
+        // With a step to undo and one to redo, the text boxes' keys stay their own.
+        f.chooseDirection(0);
+        f.edit(0);
+        f.click("optDisplay2");  // a caption of its own can be typed
+        const std::size_t steps = f.session.history().index();
+        for (const char* name : {"txtMessage", "txtDisplay", "cboGroup"}) {
+            QWidget* box = f.find<QWidget>(name);
+            if (auto* combo = qobject_cast<QComboBox*>(box)) box = combo->lineEdit();
+            box->setFocus();
+            QTest::keyClicks(box, "abc");
+            QTest::keySequence(box, QKeySequence::Undo);
+            QVERIFY2(!f.text(name).endsWith(QStringLiteral("abc")), name);
+            for (const QKeySequence& keys : {redoY, redo}) QTest::keySequence(box, keys);
+            QCOMPARE(f.session.history().index(), steps);
+        }
     }
 };
 
