@@ -4,16 +4,6 @@
 
 #include <QtTest>
 
-#include <QCheckBox>
-#include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QPlainTextEdit>
-#include <QPushButton>
-#include <QScrollBar>
-#include <QTimer>
-
 #include "messages/DirectionPicture.h"
 #include "messages/MessageEditRules.h"
 #include "messages/MessageEditorLauncher.h"
@@ -26,15 +16,6 @@ using namespace orr;
 using namespace orr::ui;
 using orr::test::MessageEditorFixture;
 using orr::test::section;
-
-namespace {
-
-void pressOn(QWidget* widget, const QKeySequence& keys) {
-    widget->setFocus();
-    QTest::keySequence(widget, keys);
-}
-
-}  // namespace
 
 class MessageEditingTest : public QObject {
     Q_OBJECT
@@ -109,30 +90,25 @@ class MessageEditingTest : public QObject {
     // does not know, a tag as stored; the others are the core's): No keeps the stored line and
     // the edit, Yes writes the line as the editor composes it.
     void aSaveThatWouldChangeALineAsksFirst() {
-        struct Case {
-            const char* key;
-            const char* stored;
-            const char* named;
-            const char* afterYes;
-        };
-        for (const Case& c : {Case{"Message1", "%ZZHello.*QQ5", "*QQ5", "Hello."},
-                              Case{"ResponseHail1", "Deal*RDeal", "\"*RDeal\"", "Deal*MDeal"}}) {
-            const bool response = c.key[0] == 'R';
-            MessageEditorFixture f(section(1, {response ? "ResponsesHail=1" : "Messages=1",
-                                               std::string(c.key) + "=" + c.stored}));
+        // Each row: the key, its stored line, what the question names, the line after Yes.
+        for (const auto& [key, stored, named, afterYes] :
+             {std::tuple{"Message1", "%ZZHello.*QQ5", "*QQ5", "Hello."},
+              std::tuple{"ResponseHail1", "Deal*RDeal", "\"*RDeal\"", "Deal*MDeal"}}) {
+            const bool response = key[0] == 'R';
+            MessageEditorFixture f(section(
+                1, {response ? "ResponsesHail=1" : "Messages=1", std::string(key) + "=" + stored}));
             f.open(1);
             if (response) f.chooseDirection(2);
             f.edit(0);
             f.prompts.answerMessage(PromptAnswer::No);
             f.click("cmdSave");
-            QVERIFY2(f.prompts.messageTexts().front().contains(QString::fromLatin1(c.named)),
-                     c.stored);
+            QVERIFY2(f.prompts.messageTexts().front().contains(QString::fromLatin1(named)), stored);
             QCOMPARE(f.prompts.asked().front().buttons, PromptButtons::YesNo);
-            QCOMPARE(f.key(1, c.key), std::string(c.stored));
+            QCOMPARE(f.key(1, key), std::string(stored));
             QVERIFY(f.visible("txtMessage"));  // back to editing
             f.prompts.answerMessage(PromptAnswer::Yes);
             f.click("cmdSave");
-            QCOMPARE(f.key(1, c.key), std::string(c.afterYes));
+            QCOMPARE(f.key(1, key), std::string(afterYes));
         }
     }
 
@@ -173,7 +149,7 @@ class MessageEditingTest : public QObject {
         QVERIFY(!f.enabled("cmdDelete"));  // nothing left to delete
     }
 
-    void openingShowsThePlanetAndClosingCancelsAnEdit() {
+    void openingShowsThePlanetClosingCancelsAnEditAndTheLauncherReusesTheEditor() {
         MessageEditorFixture f(section(2, {"Messages=1", "Message1=Saved"}));
         frmMessages& editor = f.open(2, true);
         QCOMPARE(editor.windowTitle(), QStringLiteral("Planet Messages - Nova II"));
@@ -203,17 +179,15 @@ class MessageEditingTest : public QObject {
         f.open(2);
         QCOMPARE(f.entries(), QStringList{"Saved"});
         QVERIFY(f.visible("lstMessages"));
-    }
 
-    void theLauncherReusesOneEditorPerWindow() {
-        MessageEditorFixture f;
+        // The launcher reuses one editor per main window.
         QVERIFY(setPlanetFlag(f.session, kMessagesFlag, 2, true));
         QWidget mainWindow;
-        frmMessages& editor = messageEditorFor(&mainWindow, f.session);
-        QCOMPARE(&messageEditorFor(&mainWindow, f.session), &editor);
-        editor.setProgramSpecialList(f.game.path("program/SPECIAL.LST"));
+        frmMessages& launched = messageEditorFor(&mainWindow, f.session);
+        QCOMPARE(&messageEditorFor(&mainWindow, f.session), &launched);
+        launched.setProgramSpecialList(f.game.path("program/SPECIAL.LST"));
         f.answerNext<QDialog>([&](QDialog& dialog) {
-            QCOMPARE(&dialog, static_cast<QDialog*>(&editor));
+            QCOMPARE(&dialog, static_cast<QDialog*>(&launched));
             auto* box = dialog.findChild<QCheckBox*>("chkCustom");
             QVERIFY(box->isChecked());
             box->click();
@@ -224,7 +198,7 @@ class MessageEditingTest : public QObject {
         // The planet dialog hands over its own box's value.
         f.answerNext<QDialog>([](QDialog& dialog) { dialog.reject(); });
         QVERIFY(openMessageEditor(&mainWindow, f.session, 1, true));
-        QCOMPARE(editor.windowTitle(), QStringLiteral("Planet Messages - Nova I"));
+        QCOMPARE(launched.windowTitle(), QStringLiteral("Planet Messages - Nova I"));
     }
 
     // Undo and redo: the session's history from the keys (text boxes keep their own), and every
@@ -239,16 +213,18 @@ class MessageEditingTest : public QObject {
         auto* list = f.find<QListWidget>("lstMessages");
         const QKeySequence undo(Qt::CTRL | Qt::Key_Z), redo(Qt::CTRL | Qt::SHIFT | Qt::Key_Z),
             redoY(Qt::CTRL | Qt::Key_Y);
+        list->setFocus();
         for (const auto& [keys, stored] : {std::pair{undo, "One"}, std::pair{redo, "Uno"},
                                            std::pair{undo, "One"}, std::pair{redoY, "Uno"}}) {
-            pressOn(list, keys);
+            QTest::keySequence(list, keys);
             QCOMPARE(f.key(1, "Message1"), std::string(stored));
             QCOMPARE(f.entries().front(), QString::fromLatin1(stored));
         }
         // "Use Custom Messages" is a step as well, and its undo shows in the box.
         f.click("chkCustom");
         QVERIFY(QString::fromStdString(f.session.undoName()).startsWith("Use Custom Messages"));
-        pressOn(list, undo);
+        list->setFocus();
+        QTest::keySequence(list, undo);
         QCOMPARE(f.session.store().GetGeneralFlag(kMessagesFlag, 1), 0);
         QVERIFY(!f.find<QCheckBox>("chkCustom")->isChecked());
 
