@@ -4,14 +4,6 @@
 
 #include <QtTest>
 
-#include <QAbstractButton>
-#include <QCheckBox>
-#include <QGroupBox>
-#include <QLabel>
-#include <QMenu>
-#include <QMenuBar>
-#include <QPushButton>
-
 #include "editor/frmAbout.h"
 #include "editor/frmNewSS.h"
 #include "editor/frmOrder.h"
@@ -19,12 +11,12 @@
 #include "messages/frmFlag.h"
 #include "messages/frmMessages.h"
 #include "messages/frmSystem.h"
+#include "pictures/frmPictures.h"
 #include "rooms/frmAdvancedRoom.h"
 #include "rooms/frmEditRoom.h"
 #include "rooms/frmLock.h"
 #include "rooms/frmWizard.h"
 #include "session/RoomEdits.h"
-#include "pictures/frmPictures.h"
 #include "support/MainWindowHarness.h"
 #include "testmode/PlanetUnderTest.h"
 #include "testmode/TestLauncher.h"
@@ -89,12 +81,10 @@ class AccessKeysTest : public QObject {
 
     void noWindowHasTwoControlsOrEntriesWithOneKey() {
         MainWindowHarness h;
-        h.game.writeDescriptor(MainWindowHarness::spacedSystem("Nova", 3));
         std::filesystem::copy_file(
             std::filesystem::path(ORRERION_SOURCE_DIR) / "data" / "SPECIAL.LST",
             h.game.path("SPECIAL.LST"));
-        QVERIFY(h.start());
-        h.choose("Nova");
+        QVERIFY(h.open(MainWindowHarness::spacedSystem("Nova", 3)));
 
         frmNewSS add(h.session().folder());
         frmPlanet planet(h.session());
@@ -126,24 +116,15 @@ class AccessKeysTest : public QObject {
         respond.offer({{1, "Yes"}, {2, "No"}});
         frmGetNumber number;
 
-        QStringList found = clashesIn(QStringLiteral("frmSSEdit"), h.window());
-        for (const auto& [name, window] : std::initializer_list<std::pair<QString, QWidget*>>{
-                 {"frmNewSS", &add},
-                 {"frmPlanet", &planet},
-                 {"frmOrder", &order},
-                 {"frmAbout", &about},
-                 {"frmFlag", &flag},
-                 {"frmSystem", &system},
-                 {"frmMessages browsing", &messages},
-                 {"frmPictures", &pictures},
-                 {"frmEditRoom", &room},
-                 {"frmLock", &lock},
-                 {"frmAdvancedRoom", &advanced},
-                 {"frmSSOptions", options.get()},
-                 {"frmSSControl", &console},
-                 {"frmRespond", &respond},
-                 {"frmGetNumber", &number}})
-            found << clashesIn(name, *window);
+        QStringList found =
+            clashesIn("frmSSEdit", h.window()) + clashesIn("frmNewSS", add) +
+            clashesIn("frmPlanet", planet) + clashesIn("frmOrder", order) +
+            clashesIn("frmAbout", about) + clashesIn("frmFlag", flag) +
+            clashesIn("frmSystem", system) + clashesIn("frmMessages browsing", messages) +
+            clashesIn("frmPictures", pictures) + clashesIn("frmEditRoom", room) +
+            clashesIn("frmLock", lock) + clashesIn("frmAdvancedRoom", advanced) +
+            clashesIn("frmSSOptions", *options) + clashesIn("frmSSControl", console) +
+            clashesIn("frmRespond", respond) + clashesIn("frmGetNumber", number);
         for (int step = 0; step < frmWizard::kSteps; ++step) {
             wizard.SetStep(step);
             found << clashesIn(QStringLiteral("frmWizard %1").arg(step), wizard);

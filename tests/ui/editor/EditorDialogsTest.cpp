@@ -5,22 +5,16 @@
 
 #include <QtTest>
 
-#include <QCheckBox>
-#include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-
 #include "editor/frmNewSS.h"
 #include "editor/frmPlanet.h"
 #include "pictures/QtPictureCodec.h"
-#include "platform/ScriptedPrompts.h"
 #include "session/PlanetEdits.h"
 #include "session/SystemEdits.h"
-#include "support/GameFixture.h"
+#include "support/MainWindowHarness.h"
 
 using namespace orr;
 using namespace orr::ui;
+using orr::test::MainWindowHarness;
 using orr::test::TempGameFolder;
 
 namespace {
@@ -33,10 +27,7 @@ T* control(QWidget& dialog, const char* name) {
 }
 
 QStringList entries(QWidget& dialog, const char* name) {
-    auto* box = control<QComboBox>(dialog, name);
-    QStringList texts;
-    for (int i = 0; i < box->count(); ++i) texts << box->itemText(i);
-    return texts;
+    return MainWindowHarness::texts(control<QComboBox>(dialog, name));
 }
 
 // "Nova" open in a session: planet 1 plain, 2 inhabited by animals (alien 1, four moons, a
@@ -60,9 +51,6 @@ struct Nova {
     }
     ~Nova() { QCOMPARE(prompts.unexpectedCount(), 0); }
 
-    PlanetAttributes attributes(int n) const {
-        return PlanetAttributes::unpack(session.record().planet(n).Attributes);
-    }
     void click(const char* name, int times = 1) {
         for (int i = 0; i < times; ++i) control(dialog, name)->click();
     }
@@ -81,15 +69,20 @@ class EditorDialogsTest : public QObject {
     void initTestCase() { QStandardPaths::setTestModeEnabled(true); }
 
     // The game's list has 9Sol, 0Vega, a hidden system and 3Sol.
-    void addSystemOffersTheGameSystemsWithoutDescriptorInFileOrder() {
+    void addSystemOffersTheGameSystemsWithoutDescriptorAndAnswersTheChoice() {
         TempGameFolder game;
         game.writeDescriptor(TempGameFolder::systemRecord("9Sol", 2));
+        game.writeDescriptor(TempGameFolder::systemRecord("Kestrel", 1));
+        ScriptedPrompts prompts;
         frmNewSS dialog(game.folder());
         dialog.show();
         QCOMPARE(entries(dialog, "cboSystems"), QStringList({"0Vega", "3Sol"}));
-        QCOMPARE(control<QComboBox>(dialog, "cboSystems")->currentIndex(), 0);
         QVERIFY(!control<QLineEdit>(dialog, "txtName")->isEnabled());
-        dialog.hide();  // the list is read again each time the dialog is shown
+        control(dialog, "cmdOK")->click();
+        QVERIFY(!dialog.isVisible());
+        QCOMPARE(dialog.answer()->name, std::string("0Vega"));
+        QCOMPARE(dialog.answer()->kind, NewSystemAnswer::ListedKey);
+        // The list is read again each time the dialog is shown.
         game.writeDescriptor(TempGameFolder::systemRecord("0Vega", 0));
         dialog.show();
         QCOMPARE(entries(dialog, "cboSystems"), QStringList({"3Sol"}));
@@ -108,28 +101,7 @@ class EditorDialogsTest : public QObject {
                      custom ? normal : grey);
         }
 
-        // Nothing to offer: only custom systems.
-        TempGameFolder bare(TempGameFolder::Contents::Bare);
-        frmNewSS custom(bare.folder());
-        custom.show();
-        QVERIFY(control(custom, "chkCustom")->isChecked());
-        QVERIFY(!control(custom, "chkCustom")->isEnabled());
-    }
-
-    void addSystemAnswersTheChosenEntryOrAUsableTypedNameAndCancelNothing() {
-        TempGameFolder game;
-        game.writeDescriptor(TempGameFolder::systemRecord("Kestrel", 1));
-        ScriptedPrompts prompts;
-        frmNewSS dialog(game.folder());
-        dialog.show();
-        control<QComboBox>(dialog, "cboSystems")->setCurrentIndex(1);
-        control(dialog, "cmdOK")->click();
-        QVERIFY(!dialog.isVisible());
-        QCOMPARE(dialog.answer()->name, std::string("0Vega"));
-        QCOMPARE(dialog.answer()->kind, NewSystemAnswer::ListedKey);
-
         // A typed name is refused with the reason, the dialog staying open, until it is usable.
-        dialog.show();
         control(dialog, "chkCustom")->click();
         const QString refused[][2] = {
             {"", "Please enter a name for the new system."},
@@ -151,9 +123,16 @@ class EditorDialogsTest : public QObject {
         control(dialog, "cmdCancel")->click();
         QVERIFY(!dialog.answer());
         QCOMPARE(prompts.unexpectedCount(), 0);
+
+        // Nothing to offer: only custom systems.
+        TempGameFolder bare(TempGameFolder::Contents::Bare);
+        frmNewSS custom(bare.folder());
+        custom.show();
+        QVERIFY(control(custom, "chkCustom")->isChecked());
+        QVERIFY(!control(custom, "chkCustom")->isEnabled());
     }
 
-    void propertiesShowThePlanetsValues() {
+    void propertiesShowThePlanetsValuesAndWhatMayBeChanged() {
         Nova nova;
         nova.dialog.loadPlanet(2);
         const QStringList aliens = entries(nova.dialog, "cboAlienName");
@@ -164,46 +143,13 @@ class EditorDialogsTest : public QObject {
         for (const char* option : {"gpInh2", "gpAtt3", "gpAdv2", "gpEnr1"})
             QVERIFY(nova.on(option));
         QCOMPARE(nova.text("lblMoons"), QStringLiteral("4"));
-        QCOMPARE(nova.dialog.windowTitle(), QStringLiteral("Planet Properties - Nova II"));
 
         nova.dialog.loadPlanet(3);  // an asteroid belt has no size or moons to change
         QCOMPARE(nova.text("lblSize"), QStringLiteral("0"));
         QVERIFY(!nova.enabled("spnSize") && !nova.enabled("spnMoons"));
-    }
-
-    // Option clicks are stored at once and stay on Cancel; the rest is stored on OK. Whatever
-    // one opening changes is one step.
-    void propertiesStoreOptionClicksAtOnceTheRestOnOk() {
-        for (const bool ok : {false, true}) {
-            Nova nova(true);
-            nova.dialog.loadPlanet(2);
-            nova.click("gpInh1");  // plants: no attitude, no technology
-            QVERIFY(nova.on("gpAtt0") && nova.on("gpAdv0"));
-            nova.click("gpAtt2");  // refused while there is no animal life
-            QVERIFY(nova.on("gpAtt0"));
-            nova.click("gpEnr3");
-            nova.click("spnSizeUp", 2);
-            nova.click("spnMoonsUp");
-            control<QComboBox>(nova.dialog, "cboAlienName")->setCurrentIndex(2);
-            nova.click("chkPicture");
-            nova.click("chkMessage");
-            nova.click(ok ? "cmdOK" : "cmdCancel");
-            const PlanetRecord& planet = nova.session.record().planet(2);
-            QCOMPARE(nova.attributes(2), (PlanetAttributes{1, 0, 0, 3, ok ? 2 : 1}));
-            QCOMPARE(int(planet.Size), ok ? 4 : 2);
-            QCOMPARE(int(planet.Moons), ok ? 5 : 4);
-            QCOMPARE(nova.flag(kPlanetPics, 2), ok ? 1 : 0);
-            QCOMPARE(nova.flag(kMessagesFlag, 2), ok ? 1 : 0);
-            QCOMPARE(nova.session.history().size(), std::size_t(1));
-        }
-        Nova nova;
-        nova.dialog.loadPlanet(2);
         nova.click("cmdCancel");
         QVERIFY(!nova.session.isModified());  // opened and cancelled: nothing written
-    }
 
-    void propertiesSwitchesNeedPicturesAndASectionAndSpinnersStayInRange() {
-        Nova nova;
         QVERIFY(setPlanetFlag(nova.session, kPlanetPics, 1, true));
         nova.dialog.loadPlanet(1);  // no picture file, no pictures held, no section [1]
         QVERIFY(!nova.enabled("chkPicture") && !nova.on("chkPicture"));
@@ -236,6 +182,32 @@ class EditorDialogsTest : public QObject {
         QVERIFY(nova.enabled("chkMessage") && nova.on("chkMessage"));
         nova.click("cmdPic");  // a picture held for any planet enables the box
         QVERIFY(nova.enabled("chkPicture") && nova.on("chkPicture"));
+    }
+
+    // Option clicks are stored at once and stay on Cancel; the rest is stored on OK. Whatever
+    // one opening changes is one step.
+    void propertiesStoreOptionClicksAtOnceTheRestOnOk() {
+        for (const bool ok : {false, true}) {
+            Nova nova(true);
+            nova.dialog.loadPlanet(2);
+            nova.click("gpInh1");  // the core's rule: plants have no attitude, no technology
+            QVERIFY(nova.on("gpAtt0") && nova.on("gpAdv0"));
+            nova.click("gpEnr3");
+            nova.click("spnSizeUp", 2);
+            nova.click("spnMoonsUp");
+            control<QComboBox>(nova.dialog, "cboAlienName")->setCurrentIndex(2);
+            nova.click("chkPicture");
+            nova.click("chkMessage");
+            nova.click(ok ? "cmdOK" : "cmdCancel");
+            const PlanetRecord& planet = nova.session.record().planet(2);
+            QCOMPARE(PlanetAttributes::unpack(planet.Attributes),
+                     (PlanetAttributes{1, 0, 0, 3, ok ? 2 : 1}));
+            QCOMPARE(int(planet.Size), ok ? 4 : 2);
+            QCOMPARE(int(planet.Moons), ok ? 5 : 4);
+            QCOMPARE(nova.flag(kPlanetPics, 2), ok ? 1 : 0);
+            QCOMPARE(nova.flag(kMessagesFlag, 2), ok ? 1 : 0);
+            QCOMPARE(nova.session.history().size(), std::size_t(1));
+        }
     }
 };
 

@@ -6,14 +6,6 @@
 
 #include <QtTest>
 
-#include <QCheckBox>
-#include <QComboBox>
-#include <QGuiApplication>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QStatusBar>
-
 #include "editor/StarStrip.h"
 #include "editor/StarView.h"
 #include "editor/frmAbout.h"
@@ -32,10 +24,8 @@ namespace {
 // Nova (3 planets) and Vega (2 planets), both saved; Nova opened, and modified if asked (an
 // added planet).
 void openNova(MainWindowHarness& h, bool modified = false) {
-    h.game.writeDescriptor(TempGameFolder::systemRecord("Nova", 3));
     h.game.writeDescriptor(TempGameFolder::systemRecord("Vega", 2));
-    QVERIFY(h.start());
-    h.choose("Nova");
+    QVERIFY(h.open(TempGameFolder::systemRecord("Nova", 3)));
     if (modified) h.action("mnuPAdd")->trigger();
     QCOMPARE(h.window().isWindowModified(), modified);
 }
@@ -49,15 +39,9 @@ int savedPlanets(MainWindowHarness& h, const std::string& name) {
 }
 
 QStringList entries(MainWindowHarness& h) {
-    auto* box = h.find<QComboBox>("cboSystems");
-    QStringList texts;
-    for (int i = 0; i < box->count(); ++i) texts << box->itemText(i);
+    QStringList texts = MainWindowHarness::texts(h.find<QWidget>("cboSystems"));
     texts.sort();
     return texts;
-}
-
-QString status(MainWindowHarness& h) {
-    return h.window().statusBar()->currentMessage();
 }
 
 }  // namespace
@@ -68,17 +52,18 @@ class frmSSEditLifecycleTest : public QObject {
   private slots:
     void initTestCase() { QStandardPaths::setTestModeEnabled(true); }
 
-    void startUpRefusesAFolderWithoutTheGame() {
-        MainWindowHarness h;
-        std::filesystem::remove(h.game.path("voidrunner.exe"));
-        h.prompts.answerMessage(PromptAnswer::Ok);
-        QVERIFY(!h.start());
-        QCOMPARE(h.lastQuestion(),
-                 QStringLiteral("Orrerion: This software must be installed in "
-                                "the same folder as Voidrunner for Windows 9x. [Ok]"));
-    }
-
-    void theAboutWindowShowsTheVersionAndIsShownWhileItsBoxSaysSo() {
+    // Start-up refuses a folder without the game; the about window shows the version and is
+    // shown while its box says so.
+    void startUpAndTheAboutWindow() {
+        {
+            MainWindowHarness h;
+            std::filesystem::remove(h.game.path("voidrunner.exe"));
+            h.prompts.answerMessage(PromptAnswer::Ok);
+            QVERIFY(!h.start());
+            QCOMPARE(h.lastQuestion(),
+                     QStringLiteral("Orrerion: This software must be installed in "
+                                    "the same folder as Voidrunner for Windows 9x. [Ok]"));
+        }
         QVERIFY(QRegularExpression(QStringLiteral("^\\d+\\.\\d+\\.\\d+$"))
                     .match(frmAbout::version())
                     .hasMatch());
@@ -102,7 +87,8 @@ class frmSSEditLifecycleTest : public QObject {
         QCOMPARE(h.dialogsRun(), 2);
     }
 
-    void openingASystemShowsItAndDeletingItLeavesNoneOpen() {
+    void openingNewAndDeletingSystems() {
+        Settings::setDisplayAsteroids(true);
         MainWindowHarness h;
         openNova(h);
         QCOMPARE(entries(h), QStringList({"Nova", "Vega"}));
@@ -113,14 +99,40 @@ class frmSSEditLifecycleTest : public QObject {
         h.choose("Vega");  // unchanged: no question, the old working copy goes
         QVERIFY(!h.game.exists("ORBDescriptor/Nova.edt"));
 
+        // New opens the system the dialog answers; a custom name equal to a key of the game's
+        // list still makes a custom system.
+        h.onDialog([](QDialog& dialog) {
+            dialog.findChild<QCheckBox*>(QStringLiteral("chkCustom"))->click();
+            dialog.findChild<QLineEdit*>(QStringLiteral("txtName"))
+                ->setText(QStringLiteral("9Sol"));
+            dialog.findChild<QPushButton*>(QStringLiteral("cmdOK"))->click();
+        });
+        h.find<QPushButton>("cmdAdd")->click();
+        QCOMPARE(h.selected(), QStringLiteral("9Sol"));
+        QCOMPARE(int(h.record().PlanetCount), 0);
+        QVERIFY(!h.game.exists("ORBDescriptor/Vega.edt"));
+        h.onDialog([](QDialog& dialog) { dialog.reject(); });  // Cancel changes nothing
+        h.action("mnuFNew")->trigger();
+        QCOMPARE(h.dialogsRun(), 2);
+        QCOMPARE(h.record().Name, std::string("9Sol"));
+
+        // Display Asteroids is remembered for the next window.
+        QVERIFY(h.action("mnuPDetail")->isChecked());
+        h.action("mnuPDetail")->trigger();
+        {
+            MainWindowHarness again;
+            QVERIFY(again.start());
+            QVERIFY(!again.action("mnuPDetail")->isChecked());
+        }
+
         for (const PromptAnswer answer : {PromptAnswer::No, PromptAnswer::Yes}) {
             h.prompts.answerMessage(answer);
             h.find<QPushButton>("cmdDelete")->click();
             QCOMPARE(h.lastQuestion(), QStringLiteral("Orrerion: Are you sure you want to delete "
-                                                      "Vega? [YesNo Exclamation, default No]"));
-            QCOMPARE(entries(h).size(), answer == PromptAnswer::No ? 2 : 1);
+                                                      "9Sol? [YesNo Exclamation, default No]"));
+            QCOMPARE(entries(h).size(), answer == PromptAnswer::No ? 3 : 2);
         }
-        QCOMPARE(status(h), QStringLiteral("Deleted Vega."));
+        QCOMPARE(h.window().statusBar()->currentMessage(), QStringLiteral("Deleted 9Sol."));
         QCOMPARE(h.find<QComboBox>("cboSystems")->currentIndex(), -1);
         QCOMPARE(h.window().windowTitle(), QStringLiteral("Orrerion"));
         QVERIFY(!h.find<StarView>("picStar")->hasPicture());
@@ -139,28 +151,23 @@ class frmSSEditLifecycleTest : public QObject {
         const QString save = QStringLiteral(
             "Orrerion: Do you want to save the current system "
             "before loading 'Vega'? [YesNoCancel Question]");
-        // Nova has 3 planets saved and 4 in its working copy.
-        const struct {
-            const char* chosen;
-            PromptAnswer answer;
-            const char* openAfter;
-            int planetsAfter;
-            int novaSaved;
-        } cases[] = {
-            {"Nova", PromptAnswer::Cancel, "Nova", 4, 3}, {"Nova", PromptAnswer::Ok, "Nova", 3, 3},
-            {"Vega", PromptAnswer::Cancel, "Nova", 4, 3}, {"Vega", PromptAnswer::No, "Vega", 2, 3},
-            {"Vega", PromptAnswer::Yes, "Vega", 2, 4},
-        };
-        for (const auto& c : cases) {
+        // Nova has 3 planets saved and 4 in its working copy. Each row: the system chosen, the
+        // answer, then the system open, its planets and Nova's saved planets.
+        for (const auto& [chosen, answer, openAfter, planetsAfter, novaSaved] :
+             {std::tuple{"Nova", PromptAnswer::Cancel, "Nova", 4, 3},
+              std::tuple{"Nova", PromptAnswer::Ok, "Nova", 3, 3},
+              std::tuple{"Vega", PromptAnswer::Cancel, "Nova", 4, 3},
+              std::tuple{"Vega", PromptAnswer::No, "Vega", 2, 3},
+              std::tuple{"Vega", PromptAnswer::Yes, "Vega", 2, 4}}) {
             MainWindowHarness h;
             openNova(h, true);
-            h.prompts.answerMessage(c.answer);
-            h.choose(c.chosen);
-            QCOMPARE(h.lastQuestion(), c.chosen == std::string("Nova") ? revert : save);
-            QCOMPARE(h.selected(), QString::fromLatin1(c.openAfter));
-            QCOMPARE(h.record().Name, std::string(c.openAfter));
-            QCOMPARE(int(h.record().PlanetCount), c.planetsAfter);
-            QCOMPARE(savedPlanets(h, "Nova"), c.novaSaved);
+            h.prompts.answerMessage(answer);
+            h.choose(chosen);
+            QCOMPARE(h.lastQuestion(), chosen == std::string("Nova") ? revert : save);
+            QCOMPARE(h.selected(), QString::fromLatin1(openAfter));
+            QCOMPARE(h.record().Name, std::string(openAfter));
+            QCOMPARE(int(h.record().PlanetCount), planetsAfter);
+            QCOMPARE(savedPlanets(h, "Nova"), novaSaved);
         }
     }
 
@@ -218,7 +225,7 @@ class frmSSEditLifecycleTest : public QObject {
         h.find<QPushButton>("cmdSave")->click();
         QCOMPARE(savedPlanets(h, "Nova"), 4);
         QVERIFY(!h.window().isWindowModified());
-        QCOMPARE(status(h), QStringLiteral("Saved Nova."));
+        QCOMPARE(h.window().statusBar()->currentMessage(), QStringLiteral("Saved Nova."));
         // The window gave the session its picture codec: the star picture is saved as bitmap.
         const QImage saved(QString::fromStdString(h.game.path("PICTURES/NovaSun.bmp").string()));
         QCOMPARE(saved.pixelColor(5, 5), QColor(Qt::magenta));
@@ -231,9 +238,11 @@ class frmSSEditLifecycleTest : public QObject {
             h.prompts.answerInput(QStringLiteral("Orion"));
             h.prompts.answerMessage(PromptAnswer::Ok);
             h.action("mnuFSave")->trigger();
-            QCOMPARE(status(h), QStringLiteral("Nova was not saved."));
+            QCOMPARE(h.window().statusBar()->currentMessage(),
+                     QStringLiteral("Nova was not saved."));
             h.action("mnuFSaveAs")->trigger();
-            QCOMPARE(status(h), QStringLiteral("Nova was not saved as Orion."));
+            QCOMPARE(h.window().statusBar()->currentMessage(),
+                     QStringLiteral("Nova was not saved as Orion."));
         }
         QCOMPARE(h.prompts.messageTexts().size(), 2);
         QCOMPARE(savedPlanets(h, "Nova"), 4);
@@ -255,7 +264,7 @@ class frmSSEditLifecycleTest : public QObject {
         QCOMPARE(h.selected(), QStringLiteral("Orion"));
         QCOMPARE(h.find<QLabel>("lblName")->text(), QStringLiteral("Orion"));
         QCOMPARE(h.window().windowTitle(), QStringLiteral("Orion[*] - Orrerion"));
-        QCOMPARE(status(h), QStringLiteral("Saved as Orion."));
+        QCOMPARE(h.window().statusBar()->currentMessage(), QStringLiteral("Saved as Orion."));
         QCOMPARE(savedPlanets(h, "Orion"), 4);
         QCOMPARE(savedPlanets(h, "Nova"), 3);
 
@@ -278,27 +287,9 @@ class frmSSEditLifecycleTest : public QObject {
         QCOMPARE(h.record().Name, std::string("VEGA"));
     }
 
-    void newOpensTheSystemTheDialogAnswers() {
-        MainWindowHarness h;
-        openNova(h);
-        // A custom name equal to a key of the game's list still makes a custom system.
-        h.onDialog([](QDialog& dialog) {
-            dialog.findChild<QCheckBox*>(QStringLiteral("chkCustom"))->click();
-            dialog.findChild<QLineEdit*>(QStringLiteral("txtName"))
-                ->setText(QStringLiteral("9Sol"));
-            dialog.findChild<QPushButton*>(QStringLiteral("cmdOK"))->click();
-        });
-        h.find<QPushButton>("cmdAdd")->click();
-        QCOMPARE(h.selected(), QStringLiteral("9Sol"));
-        QCOMPARE(int(h.record().PlanetCount), 0);
-        QVERIFY(!h.game.exists("ORBDescriptor/Nova.edt"));
-        h.onDialog([](QDialog& dialog) { dialog.reject(); });  // Cancel changes nothing
-        h.action("mnuFNew")->trigger();
-        QCOMPARE(h.dialogsRun(), 2);
-        QCOMPARE(h.record().Name, std::string("9Sol"));
-    }
-
-    void exitAsksToSave() {
+    // Exit asks to save; quitting the application (last: it closes every window) asks nothing
+    // and keeps the working copy.
+    void exitAsksToSaveAndQuittingDoesNot() {
         // Cancel keeps the window; No and Yes end it with the change dropped or saved.
         for (const auto& [answer, saved] :
              {std::pair{PromptAnswer::Cancel, 3}, std::pair{PromptAnswer::No, 3},
@@ -317,22 +308,7 @@ class frmSSEditLifecycleTest : public QObject {
             QCOMPARE(h.game.exists("ORBDescriptor/Nova.edt"), answer == PromptAnswer::Cancel);
             QCOMPARE(savedPlanets(h, "Nova"), saved);
         }
-    }
 
-    void displayAsteroidsIsRemembered() {
-        Settings::setDisplayAsteroids(true);
-        MainWindowHarness h;
-        openNova(h);
-        QVERIFY(h.action("mnuPDetail")->isChecked());
-        h.action("mnuPDetail")->trigger();
-        MainWindowHarness again;
-        QVERIFY(again.start());
-        QVERIFY(!again.action("mnuPDetail")->isChecked());
-        Settings::setDisplayAsteroids(true);
-    }
-
-    // Last: the application quitting closes every window.
-    void quittingAsksNothingAndKeepsTheWorkingCopy() {
         MainWindowHarness h;
         openNova(h, true);
         QEvent quit(QEvent::Quit);

@@ -4,17 +4,6 @@
 
 #include <QtTest>
 
-#include <QCheckBox>
-#include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMenu>
-#include <QPlainTextEdit>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QSpinBox>
-#include <QTreeWidget>
-
 #include "rooms/RoomPicture.h"
 #include "rooms/frmAdvancedRoom.h"
 #include "rooms/frmEditRoom.h"
@@ -67,7 +56,6 @@ struct Rooms {
         QTest::keyClicks(line, text);
     }
     std::string key(const std::string& name) { return f.key(1, name); }
-    QString title() { return editor.windowTitle(); }
 };
 
 }  // namespace
@@ -78,9 +66,10 @@ class RoomEditorTest : public QObject {
   private slots:
     void initTestCase() { QStandardPaths::setTestModeEnabled(true); }
 
-    void tickingAsksForAMissingDestinationAndEditingTurnsABoxGrey() {
+    void theRoomEditorItsDialogsAndTheWizard() {
         Rooms r;
         r.load("Area11");
+        QCOMPARE(r.editor.windowTitle(), QStringLiteral("Edit Room - Area11"));
         QCOMPARE(r.box(kNorth)->checkState(), Qt::Unchecked);
         QCOMPARE(r.box(kTricorder)->checkState(), Qt::Checked);
         QVERIFY(r.door(kEast)->isVisible() && !r.door(kNorth)->isVisible());
@@ -104,6 +93,8 @@ class RoomEditorTest : public QObject {
         r.type("txtResponse", QStringLiteral("Run east!"));
         QCOMPARE(r.key("ResponseArea111"), std::string("Run east!*MArea21"));
         QCOMPARE(r.box(kEast)->checkState(), Qt::PartiallyChecked);
+        QCOMPARE(QString::fromStdString(r.f.session.undoName()),
+                 QStringLiteral("Edit Action 1 in Area11"));
 
         // A changed action is removed only after a question.
         r.f.prompts.answerMessage(PromptAnswer::No);
@@ -119,11 +110,10 @@ class RoomEditorTest : public QObject {
         QVERIFY(r.f.session.undo());
         QCOMPARE(r.box(kEast)->checkState(), Qt::PartiallyChecked);
         QVERIFY(r.door(kEast)->isVisible());
-    }
 
-    void theDirectionMenuAddingAndTheList() {
-        Rooms r;
+        // The direction menu, adding, and the list.
         r.load("Area22");
+        const std::size_t steps = r.f.session.history().index();
         r.point(r.box(kNorth));
         r.f.answerNext<QMenu>([](QMenu& menu) { menu.findChild<QAction*>("mnuPDir5")->trigger(); });
         r.click("chkDir");
@@ -138,7 +128,8 @@ class RoomEditorTest : public QObject {
         QCOMPARE(r.find<QLineEdit>("txtResponse")->selectedText(), QStringLiteral("New Action"));
         r.type("txtDest", QStringLiteral("Vault"));
         QCOMPARE(list->topLevelItem(1)->text(0), QStringLiteral("Vault"));
-        QCOMPARE(r.f.session.history().size(), 4u);  // the destination's typing is one step
+        // The direction, the new action, and the destination's typing as one step.
+        QCOMPARE(r.f.session.history().index(), steps + 3);
 
         // Remove asks; the frame is empty afterwards.
         r.f.prompts.answerMessage(PromptAnswer::Yes);
@@ -148,20 +139,25 @@ class RoomEditorTest : public QObject {
 
         // Double-clicking a listed action goes there; Back comes back; "None" goes nowhere.
         emit list->itemDoubleClicked(list->topLevelItem(0), 0);
-        QCOMPARE(r.title(), QStringLiteral("Edit Room - Area21"));
+        QCOMPARE(r.editor.windowTitle(), QStringLiteral("Edit Room - Area21"));
         QVERIFY(!r.editor.LoadRoom(QStringLiteral("None")));
         r.click("cmdBack");
-        QCOMPARE(r.title(), QStringLiteral("Edit Room - Area22"));
+        QCOMPARE(r.editor.windowTitle(), QStringLiteral("Edit Room - Area22"));
         QTest::mouseClick(r.door(kWest), Qt::LeftButton);
-        QCOMPARE(r.title(), QStringLiteral("Edit Room - Area12"));
+        QCOMPARE(r.editor.windowTitle(), QStringLiteral("Edit Room - Area12"));
     }
 
-    void anEffectAfterAWarningAndALockAfterTwoRefusals() {
+    // Effects, locks and requirements of a room; then the message editor opens the room of its
+    // group, and the wizard.
+    void effectsLocksRequirementsAndTheMessageEditorsRoomWindows() {
         Rooms r;
+        QVERIFY(putPlanetKeys(r.f.session, 1, "Prefix", {{"SearchFlag", "%fC"}}));
         r.load("Area11");
+        // An effect is added only after a warning.
         r.point(r.box(kEast));
         r.f.prompts.answerMessage(PromptAnswer::No);
-        r.click("cmdEffect");  // the warning first, answered No
+        r.click("cmdEffect");
+        QCOMPARE(r.f.prompts.asked().back().text, frmEditRoom::kEffectWarning);
         r.point(r.box(kSearch));
         r.f.prompts.answerInput(QStringLiteral("A coin glints."));
         r.f.prompts.answerInput(QStringLiteral("Area12"));
@@ -178,21 +174,17 @@ class RoomEditorTest : public QObject {
             lock.findChild<QLineEdit*>("txtDesc")->setText(QStringLiteral("The hatch is jammed."));
             ok->click();
         });
+        const qsizetype asked = r.f.prompts.messageTexts().size();
         r.f.prompts.answerMessage(PromptAnswer::Ok);
         r.f.prompts.answerMessage(PromptAnswer::Ok);
         r.click("cmdLock");
-        QCOMPARE(
-            r.f.prompts.messageTexts(),
-            QStringList({frmEditRoom::kEffectWarning, frmLock::kNoAction, frmLock::kNoMessage}));
+        QCOMPARE(r.f.prompts.messageTexts().mid(asked),
+                 QStringList({frmLock::kNoAction, frmLock::kNoMessage}));
         QCOMPARE(r.flagsAsked, QStringList({QString()}));
         QCOMPARE(r.key("MessageArea21Locked1"), std::string("The hatch is jammed.*RArea11"));
         QCOMPARE(r.key("ResponseArea111"), std::string("%FBGo East and report back.*MArea21"));
-    }
 
-    void theAdvancedDialogsRows() {
-        Rooms r;
-        QVERIFY(putPlanetKeys(r.f.session, 1, "Prefix", {{"SearchFlag", "%fC"}}));
-        r.load("Area11");
+        // The advanced dialog's rows.
         r.f.answerNext<frmAdvancedRoom>([&](frmAdvancedRoom& advanced) {
             const auto option = [&](int n) {
                 return advanced.findChild<QRadioButton*>(QStringLiteral("optNeed%1").arg(n));
@@ -208,10 +200,9 @@ class RoomEditorTest : public QObject {
         QCOMPARE(r.key("BeamFlag") + r.key("SearchFlag"), std::string("%FBERR"));
         // The default line carries the new requirement: the stored beam-up now differs from it.
         QCOMPARE(r.box(kBeamUp)->checkState(), Qt::PartiallyChecked);
-    }
 
-    void theMessageEditorOpensTheRoomOfItsGroupAndTheWizard() {
-        Rooms r;
+        // The message editor opens the room of its group and selects the last shown; the
+        // wizard's steps clamp the sizes, and its Cancel asks first.
         r.f.open(1);
         QVERIFY2(!r.f.enabled("cmdEditRoom"), "INIT is no room");
         r.f.typeGroup(QStringLiteral("Area11Search"));
@@ -224,7 +215,6 @@ class RoomEditorTest : public QObject {
         r.f.click("cmdEditRoom");
         QCOMPARE(r.f.text("cboGroup"), QStringLiteral("Area12"));
 
-        // The wizard's steps clamp the sizes, and Cancel asks first.
         r.f.answerNext<frmWizard>([&](frmWizard& wizard) {
             const auto find = [&](const char* name) {
                 return wizard.findChild<QWidget*>(QString::fromLatin1(name));

@@ -1,11 +1,5 @@
 #include "MainWindowHarness.h"
 
-#include <QAction>
-#include <QApplication>
-#include <QCursor>
-#include <QDialog>
-#include <QMenu>
-#include <QMouseEvent>
 #include <QtTest>
 
 #include "editor/StarView.h"
@@ -46,12 +40,20 @@ bool MainWindowHarness::start() {
     return QTest::qWaitForWindowActive(window_.get());
 }
 
-QString MainWindowHarness::undoText() const {
-    return action("mnuEUndo")->text();
+bool MainWindowHarness::open(const SystemRecord& record, std::string_view sections) {
+    game.writeDescriptor(record, sections);
+    if (!start()) return false;
+    choose(record.Name);
+    return true;
 }
 
-QString MainWindowHarness::redoText() const {
-    return action("mnuERedo")->text();
+QStringList MainWindowHarness::texts(const QWidget* box) {
+    QStringList found;
+    if (auto* combo = qobject_cast<const QComboBox*>(box))
+        for (int i = 0; i < combo->count(); ++i) found << combo->itemText(i);
+    if (auto* list = qobject_cast<const QListWidget*>(box))
+        for (int i = 0; i < list->count(); ++i) found << list->item(i)->text();
+    return found;
 }
 
 QString MainWindowHarness::lastQuestion() const {
@@ -75,10 +77,6 @@ void MainWindowHarness::choose(const std::string& name) {
     emit list->activated(index);
 }
 
-QString MainWindowHarness::selected() const {
-    return find<ui::SystemListBox>("cboSystems")->currentText();
-}
-
 void MainWindowHarness::press(const QKeySequence& keys) {
     QWidget* target = QApplication::focusWidget();
     QTest::keySequence(target ? target : window_.get(), keys);
@@ -93,10 +91,6 @@ QAction* findEntry(QMenu* menu, const QString& name, int data) {
 }
 
 }  // namespace
-
-bool MainWindowHarness::wasChecked(const char* entry, int data) const {
-    return checkedAtPopup_.value(QString::fromLatin1(entry) + QString::number(data), false);
-}
 
 void MainWindowHarness::recordMenu(QMenu* menu) {
     enabledAtPopup_.clear();
@@ -115,20 +109,21 @@ void MainWindowHarness::recordMenu(QMenu* menu) {
         entry->trigger();
 }
 
-void MainWindowHarness::pickPlanetMenu(int planet, const char* entry, int data) {
-    QMenu* menu = find<QMenu>("mnuPopup");
+void MainWindowHarness::arm(const char* name, const char* entry, int data) {
+    QMenu* menu = find<QMenu>(name);
     menu->setProperty("harnessPick", entry ? QString::fromLatin1(entry) : QString());
     menu->setProperty("harnessData", data);
+}
+
+void MainWindowHarness::pickPlanetMenu(int planet, const char* entry, int data) {
+    arm("mnuPopup", entry, data);
     mouse(QEvent::MouseButtonPress, planetCentre(planet), Qt::RightButton);
     mouse(QEvent::MouseButtonRelease, planetCentre(planet), Qt::RightButton);
 }
 
 void MainWindowHarness::pickStarMenu(const char* entry, int data) {
-    QMenu* menu = find<QMenu>("mnuPopupStar");
-    menu->setProperty("harnessPick", entry ? QString::fromLatin1(entry) : QString());
-    menu->setProperty("harnessData", data);
-    auto* star = find<ui::StarView>("picStar");
-    QTest::mouseClick(star, Qt::RightButton);
+    arm("mnuPopupStar", entry, data);
+    QTest::mouseClick(find<ui::StarView>("picStar"), Qt::RightButton);
 }
 
 void MainWindowHarness::mouse(QEvent::Type type, OrbitGeometry::Point units,
@@ -142,21 +137,6 @@ void MainWindowHarness::mouse(QEvent::Type type, OrbitGeometry::Point units,
     QCursor::setPos(target->mapToGlobal(at.toPoint()));
     QMouseEvent event(type, at, target->mapToGlobal(at), button, held, Qt::NoModifier);
     QApplication::sendEvent(target, &event);
-}
-
-void MainWindowHarness::drag(int planet, std::initializer_list<OrbitGeometry::Point> through) {
-    mouse(QEvent::MouseButtonPress, planetCentre(planet), Qt::LeftButton);
-    OrbitGeometry::Point last = planetCentre(planet);
-    for (const OrbitGeometry::Point& point : through) mouse(QEvent::MouseMove, last = point);
-    mouse(QEvent::MouseButtonRelease, last, Qt::LeftButton);
-}
-
-OrbitGeometry::Point MainWindowHarness::planetCentre(int planet) {
-    return OrbitGeometry::planetCentre(record(), planet);
-}
-
-std::string MainWindowHarness::descriptor(const std::string& name, const std::string& extension) {
-    return game.read("ORBDescriptor/" + name + extension);
 }
 
 }  // namespace orr::test

@@ -10,13 +10,12 @@
 //     h.pickPlanetMenu(2, "mnuDelete");
 //     QCOMPARE(h.undoText(), QStringLiteral("&Undo Delete Planet 2"));
 
-#include <QAction>
-#include <QEvent>
-#include <QKeySequence>
-#include <QMap>
+// The widgets every test of the main window reaches into.
+#include <QtWidgets>
 #include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "editor/SystemCanvas.h"
 #include "editor/frmSSEdit.h"
@@ -46,6 +45,8 @@ class MainWindowHarness {
 
     // Makes, starts, shows and activates the window; false when start-up refused.
     bool start();
+    // Writes the system's descriptor (`sections` follow its block), starts and opens it.
+    bool open(const SystemRecord& record, std::string_view sections = {});
     ui::frmSSEdit& window() { return *window_; }
     EditSession& session() { return window_->session(); }
     const SystemRecord& record() { return window_->session().record(); }
@@ -57,9 +58,10 @@ class MainWindowHarness {
     }
     QAction* action(const char* name) const { return find<QAction>(name); }
     ui::SystemCanvas* canvas() const { return find<ui::SystemCanvas>("picSolarSystem"); }
-    // The texts of Edit > Undo and Redo.
-    QString undoText() const;
-    QString redoText() const;
+    // The text of Edit > Undo.
+    QString undoText() const { return action("mnuEUndo")->text(); }
+    // The texts of a combo box's or list's entries.
+    static QStringList texts(const QWidget* box);
 
     // The last question asked, as "Caption: text [buttons icon]" with the names of Prompts.h
     // (", default No" when the box has that default), or "Caption: text [default answer]" for
@@ -68,7 +70,7 @@ class MainWindowHarness {
 
     // Chooses the entry as the user does in the list.
     void choose(const std::string& name);
-    QString selected() const;
+    QString selected() const { return find<QComboBox>("cboSystems")->currentText(); }
     // Presses keys where the focus is, as a person would (shortcuts included).
     void press(const QKeySequence& keys);
 
@@ -80,7 +82,9 @@ class MainWindowHarness {
     void whileMenuOpen(std::function<void()> run) { whileMenuOpen_ = std::move(run); }
     // Whether a context menu entry was enabled (or checked) while the last menu was open.
     bool wasEnabled(const char* entry) const { return enabledAtPopup_.value(entry, false); }
-    bool wasChecked(const char* entry, int data = -1) const;
+    bool wasChecked(const char* entry, int data = -1) const {
+        return checkedAtPopup_.value(QString::fromLatin1(entry) + QString::number(data), false);
+    }
 
     // Modal dialogs: `fill` gets the dialog instead of the user; it should press a button.
     void onDialog(std::function<void(QDialog&)> fill) { fill_ = std::move(fill); }
@@ -89,15 +93,18 @@ class MainWindowHarness {
     // A mouse event on the canvas at a point given in canvas units.
     void mouse(QEvent::Type type, OrbitGeometry::Point units,
                Qt::MouseButton button = Qt::NoButton);
-    // A left-button drag of planet n through the given points.
-    void drag(int planet, std::initializer_list<OrbitGeometry::Point> through);
-    OrbitGeometry::Point planetCentre(int planet);
+    OrbitGeometry::Point planetCentre(int planet) {
+        return OrbitGeometry::planetCentre(record(), planet);
+    }
 
     // The open system's file with the given extension.
-    std::string descriptor(const std::string& name, const std::string& extension = ".edt");
+    std::string descriptor(const std::string& name, const std::string& extension = ".edt") {
+        return game.read("ORBDescriptor/" + name + extension);
+    }
 
   private:
     void recordMenu(QMenu* menu);
+    void arm(const char* menu, const char* entry, int data);
 
     std::unique_ptr<ui::frmSSEdit> window_;
     ui::DialogRunner previousDialogs_;

@@ -1,14 +1,5 @@
 #include "MessageEditorFixture.h"
 
-#include <QAbstractButton>
-#include <QComboBox>
-#include <QDialog>
-#include <QGroupBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QMenu>
-#include <QPlainTextEdit>
 #include <QtTest>
 
 #include "platform/QtText.h"
@@ -20,11 +11,9 @@ std::string section(int planet, std::initializer_list<std::string_view> lines) {
     return "[" + std::to_string(planet) + "]\r\n" + crlf(lines);
 }
 
-MessageEditorFixture::MessageEditorFixture(std::string_view sections, SpecialList special)
-    : session(game.folder()) {
+MessageEditorFixture::MessageEditorFixture(std::string_view sections) : session(game.folder()) {
     game.writeDescriptor(TempGameFolder::systemRecord("Nova", 3), sections);
-    if (special == SpecialList::InGameFolder)
-        game.write("SPECIAL.LST", readBytes(fs::path(ORRERION_SOURCE_DIR) / "data/SPECIAL.LST"));
+    game.write("SPECIAL.LST", readBytes(fs::path(ORRERION_SOURCE_DIR) / "data/SPECIAL.LST"));
     session.InitTables();
     if (!session.open("Nova", [] { return false; }))
         QTest::qFail("Nova could not be opened", __FILE__, __LINE__);
@@ -38,13 +27,11 @@ MessageEditorFixture::~MessageEditorFixture() {
     window_.reset();
     ui::setDialogRunner(std::move(previousDialogs_));
     ui::setMenuRunner(std::move(previousMenus_));
-    if (prompts.unexpectedCount() + prompts.unusedAnswerCount() + unexpectedRuns_ +
-            static_cast<int>(answers_.size()) !=
-        0) {
-        const QString asked = prompts.messageTexts().join(QStringLiteral(" | "));
-        QTest::qFail(qPrintable("unexpected or unused questions, dialogs or menus: " + asked),
-                     __FILE__, __LINE__);
-    }
+    const QString asked = prompts.messageTexts().join(QStringLiteral(" | "));
+    QVERIFY2(prompts.unexpectedCount() + prompts.unusedAnswerCount() + unexpectedRuns_ +
+                     static_cast<int>(answers_.size()) ==
+                 0,
+             qPrintable("unexpected or unused questions, dialogs or menus: " + asked));
 }
 
 bool MessageEditorFixture::answer(QWidget& widget) {
@@ -122,10 +109,6 @@ void MessageEditorFixture::select(int row) {
     QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(item).center());
 }
 
-void MessageEditorFixture::type(const QString& text) {
-    find<QPlainTextEdit>("txtMessage")->setPlainText(text);
-}
-
 int MessageEditorFixture::specialIndex(const QString& code) {
     return items("cboSpecial")
         .indexOf(QRegularExpression(QRegularExpression::escape(code + " - ") + ".*"));
@@ -136,10 +119,6 @@ void MessageEditorFixture::attach(const QString& code) {
     if (index < 0) QFAIL(qPrintable(QStringLiteral("no entry for %1").arg(code)));
     find<QComboBox>("cboSpecial")->setCurrentIndex(index);
     click("cmdSpAdd");
-}
-
-void MessageEditorFixture::selectAttached(int row) {
-    find<QListWidget>("lstSpecial")->setCurrentRow(row);
 }
 
 }  // namespace orr::test

@@ -4,7 +4,8 @@
 // from a script (prompts), dialogs and menus by the test (answerNext); a question, dialog or menu
 // nobody expected, or an answer never used, fails the test when the fixture ends.
 
-#include <QStringList>
+// The widgets every test of the editor reaches into.
+#include <QtWidgets>
 #include <deque>
 #include <functional>
 #include <memory>
@@ -20,11 +21,8 @@ namespace orr::test {
 
 class MessageEditorFixture {
   public:
-    enum class SpecialList { InGameFolder, Missing };
-
     // `sections` (CR LF lines) follows the system block of Nova.orb, e.g. planet sections.
-    explicit MessageEditorFixture(std::string_view sections = {},
-                                  SpecialList special = SpecialList::InGameFolder);
+    explicit MessageEditorFixture(std::string_view sections = {});
     ~MessageEditorFixture();
     MessageEditorFixture(const MessageEditorFixture&) = delete;
     MessageEditorFixture& operator=(const MessageEditorFixture&) = delete;
@@ -65,12 +63,14 @@ class MessageEditorFixture {
         select(row);
         click("cmdEdit");
     }
-    void type(const QString& text);  // replaces the text box's text
+    void type(const QString& text) {  // replaces the text box's text
+        find<QPlainTextEdit>("txtMessage")->setPlainText(text);
+    }
     // The cboSpecial entry whose line begins with `code` + " - "; attach picks it and clicks
     // "Add".
     int specialIndex(const QString& code);
     void attach(const QString& code);
-    void selectAttached(int row);
+    void selectAttached(int row) { find<QListWidget>("lstSpecial")->setCurrentRow(row); }
 
   private:
     bool answer(QWidget& widget);
