@@ -125,7 +125,8 @@ TEST_F(RoomTest, DescriptionsEffectsAndDoorsThatLeadNowhere) {
          std::vector<std::pair<NotARoomAnswer, std::string>>{{NotARoomAnswer::Yes, "Area11"},
                                                              {NotARoomAnswer::No, "Pit"},
                                                              {NotARoomAnswer::Cancel, ""}}) {
-        const auto view = LoadRoom(store, "Pit", [&](auto&, auto&) { return answer; });
+        const NotARoomAnswer given = answer;  // clang 14 cannot capture a structured binding
+        const auto view = LoadRoom(store, "Pit", [given](auto&, auto&) { return given; });
         EXPECT_EQ(view ? view->room : "", shown);
     }
     EXPECT_FALSE(LoadRoom(store, "None", [](auto&, auto&) { return NotARoomAnswer::Yes; }));
