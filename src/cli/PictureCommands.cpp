@@ -9,6 +9,7 @@
 #include <QJsonObject>
 #include <QProcess>
 #include <QSettings>
+#include <functional>
 
 #include "CliSupport.h"
 #include "Command.h"
@@ -92,29 +93,36 @@ void showPictures(CliContext& context, const QStringList& args) {
     context.out << QJsonDocument(result).toJson(QJsonDocument::Indented).toStdString();
 }
 
-void setPicture(CliContext& context, const QStringList& args) {
+// Opens the system, applies `apply` to the planet args[1] and saves; `failure` is said when the
+// session gives no reason of its own.
+void changePlanet(CliContext& context, const QStringList& args, const char* failure,
+                  const std::function<bool(EditSession&, int, ui::QtPictureCodec&)>& apply) {
     ui::QtPictureCodec codec;
     SystemChange change(context.folder, args[0], &codec);
     const int n = change.planetArgument(args[1], 1);
-    change.require(assignPlanetPicture(change.session(), n, loadPicture(codec, args[2])),
-                   "The picture could not be given to the planet.");
+    change.require(apply(change.session(), n, codec), failure);
     change.commit();
+}
+
+void setPicture(CliContext& context, const QStringList& args) {
+    changePlanet(context, args, "The picture could not be given to the planet.",
+                 [&](EditSession& session, int n, ui::QtPictureCodec& codec) {
+                     return assignPlanetPicture(session, n, loadPicture(codec, args[2]));
+                 });
 }
 
 void removePicture(CliContext& context, const QStringList& args) {
-    ui::QtPictureCodec codec;
-    SystemChange change(context.folder, args[0], &codec);
-    const int n = change.planetArgument(args[1], 1);
-    change.require(removePlanetPicture(change.session(), n), "The picture could not be removed.");
-    change.commit();
+    changePlanet(context, args, "The picture could not be removed.",
+                 [](EditSession& session, int n, ui::QtPictureCodec&) {
+                     return removePlanetPicture(session, n);
+                 });
 }
 
 void removeAnimationCommand(CliContext& context, const QStringList& args) {
-    ui::QtPictureCodec codec;
-    SystemChange change(context.folder, args[0], &codec);
-    const int n = change.planetArgument(args[1], 1);
-    change.require(removeAnimation(change.session(), n), "The animation could not be removed.");
-    change.commit();
+    changePlanet(context, args, "The animation could not be removed.",
+                 [](EditSession& session, int n, ui::QtPictureCodec&) {
+                     return removeAnimation(session, n);
+                 });
 }
 
 void starPicture(CliContext& context, const QStringList& args) {

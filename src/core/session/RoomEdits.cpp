@@ -108,13 +108,26 @@ std::optional<RoomView> viewRoom(EditSession& session, const RoomRef& ref) {
     return readRoom(reader, ref.room);
 }
 
+namespace {
+
+// Standard action i of the room as it is stored now; nothing when either does not exist.
+std::optional<ActionBinding> standardBinding(EditSession& session, const RoomRef& ref, int i) {
+    if (i < 0 || i >= kStandardActionCount) {
+        session.fail("A standard action is numbered 0 to 6.");
+        return std::nullopt;
+    }
+    const std::optional<RoomView> view = viewRoom(session, ref);
+    if (!view) return std::nullopt;
+    return view->standard[i];
+}
+
+}  // namespace
+
 bool tickStandardAction(EditSession& session, const RoomRef& ref, int i,
                         const std::string& destination, int* number) {
-    if (i < 0 || i >= kStandardActionCount)
-        return session.fail("A standard action is numbered 0 to 6.");
-    const std::optional<RoomView> view = viewRoom(session, ref);
-    if (!view) return false;
-    const ActionBinding& binding = view->standard[i];
+    const std::optional<ActionBinding> found = standardBinding(session, ref, i);
+    if (!found) return false;
+    const ActionBinding& binding = *found;
     const std::string caption = kStandardCaptions[i];
     if (binding.state != kNotStored)
         return session.fail(caption + " is ticked in " + ref.room + " already.");
@@ -138,11 +151,9 @@ bool tickStandardAction(EditSession& session, const RoomRef& ref, int i,
 }
 
 bool untickStandardAction(EditSession& session, const RoomRef& ref, int i) {
-    if (i < 0 || i >= kStandardActionCount)
-        return session.fail("A standard action is numbered 0 to 6.");
-    const std::optional<RoomView> view = viewRoom(session, ref);
-    if (!view) return false;
-    const ActionBinding& binding = view->standard[i];
+    const std::optional<ActionBinding> found = standardBinding(session, ref, i);
+    if (!found) return false;
+    const ActionBinding& binding = *found;
     const std::string caption = kStandardCaptions[i];
     if (binding.state == kNotStored)
         return session.fail(caption + " is not ticked in " + ref.room + ".");

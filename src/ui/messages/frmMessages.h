@@ -26,6 +26,7 @@
 #include "messages/MessageList.h"
 #include "messages/PlanetMessageStore.h"
 #include "messages/SpecialCodeList.h"
+#include "platform/ScopedFlag.h"
 #include "session/EditSession.h"
 #include "session/MessageEdits.h"
 
@@ -119,19 +120,7 @@ class frmMessages : public QDialog {
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
-    // Sets a flag for as long as it lives: the controls are being filled (their signals are not
-    // the designer's), or the window's own command runs (its notice is shown already).
-    class Busy {
-      public:
-        explicit Busy(bool& flag) : flag_(flag), before_(flag) { flag_ = true; }
-        ~Busy() { flag_ = before_; }
-        Busy(const Busy&) = delete;
-        Busy& operator=(const Busy&) = delete;
-
-      private:
-        bool& flag_;
-        bool before_;
-    };
+    using Busy = ScopedFlag;
 
     // frmMessagesLayout.cpp
     void buildControls();

@@ -19,6 +19,7 @@
 #include <memory>
 #include <optional>
 
+#include "platform/ScopedFlag.h"
 #include "rooms/FlagChooser.h"
 #include "rooms/Room.h"
 #include "session/EditSession.h"
@@ -85,17 +86,7 @@ class frmEditRoom : public QDialog {
         bool any() const { return number > 0 || standard >= 0; }
         ActionRef ref() const { return {number, standard}; }
     };
-    class Busy {
-      public:
-        explicit Busy(bool& flag) : flag_(flag), before_(flag) { flag_ = true; }
-        ~Busy() { flag_ = before_; }
-        Busy(const Busy&) = delete;
-        Busy& operator=(const Busy&) = delete;
-
-      private:
-        bool& flag_;
-        bool before_;
-    };
+    using Busy = ScopedFlag;
 
     // frmEditRoomLayout.cpp
     void buildControls();
