@@ -222,7 +222,8 @@ void Read1000Store(benchmark::State& state) {
         state.SkipWithError("the generated descriptor does not read back as written");
     }
     state.counters["target_speedup"] = 50;
-    state.SetLabel("1,000 keys of " + file.sizeText() + ", cached (the file checked once for them all)");
+    state.SetLabel("1,000 keys of " + file.sizeText() +
+                   ", cached (the file checked once for them all)");
 }
 
 void Read1000Naive(benchmark::State& state) {

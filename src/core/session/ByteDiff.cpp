@@ -70,7 +70,8 @@ std::optional<std::string> apply(std::string_view text, const ByteDiff& diff, bo
         result.append(text.substr(read, static_cast<std::size_t>(at) - read));
         result.append(replacement);
         read = static_cast<std::size_t>(at) + expected.size();
-        shift += static_cast<long long>(hunk.after.size()) - static_cast<long long>(hunk.before.size());
+        shift +=
+            static_cast<long long>(hunk.after.size()) - static_cast<long long>(hunk.before.size());
     }
     result.append(text.substr(read));
     return result;
@@ -94,8 +95,8 @@ ByteDiff diffBytes(std::string_view older, std::string_view newer) {
     const auto lineStart = [](std::string_view text, std::size_t at) {
         return at == 0 || text[at - 1] == '\n';
     };
-    while (suffix > 0 && !(lineStart(older, older.size() - suffix) &&
-                           lineStart(newer, newer.size() - suffix)))
+    while (suffix > 0 &&
+           !(lineStart(older, older.size() - suffix) && lineStart(newer, newer.size() - suffix)))
         --suffix;
     addMiddle(diff, prefix, older.substr(prefix, older.size() - prefix - suffix),
               newer.substr(prefix, newer.size() - prefix - suffix));

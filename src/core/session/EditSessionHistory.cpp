@@ -27,16 +27,17 @@ bool replaceLinesOf(ProfileDocument& doc, std::string_view text, const ByteDiff&
     for (const ByteHunk& hunk : diff) {
         const std::string& expected = forwards ? hunk.before : hunk.after;
         const std::string& replacement = forwards ? hunk.after : hunk.before;
-        const auto at = static_cast<std::size_t>(static_cast<long long>(hunk.offset) +
-                                                 (forwards ? 0 : shift));
-        shift += static_cast<long long>(hunk.after.size()) - static_cast<long long>(hunk.before.size());
+        const auto at =
+            static_cast<std::size_t>(static_cast<long long>(hunk.offset) + (forwards ? 0 : shift));
+        shift +=
+            static_cast<long long>(hunk.after.size()) - static_cast<long long>(hunk.before.size());
         if (at < counted || at > text.size()) return false;
         line += static_cast<std::size_t>(
             std::count(text.begin() + static_cast<std::ptrdiff_t>(counted),
                        text.begin() + static_cast<std::ptrdiff_t>(at), '\n'));
         counted = at;
-        const bool wholeLines = expected.empty() || expected.back() == '\n' ||
-                                at + expected.size() == text.size();
+        const bool wholeLines =
+            expected.empty() || expected.back() == '\n' || at + expected.size() == text.size();
         if (!wholeLines) return false;
         edits.push_back({line, ProfileDocument::splitLines(expected).size(),
                          ProfileDocument::splitLines(replacement)});
@@ -69,18 +70,18 @@ bool EditSession::redo() {
 
 bool EditSession::travel(bool forwards) {
     const HistoryStep* step = forwards ? history_.redoStep() : history_.undoStep();
-    if (!step || !isOpen()) return fail(forwards ? "There is nothing to redo." : "There is nothing to undo.");
+    if (!step || !isOpen())
+        return fail(forwards ? "There is nothing to redo." : "There is nothing to undo.");
     store_.recheck();
     const fs::path file = workingCopy();
     if (!step->file.empty()) {
         const std::shared_ptr<const std::string> now = store_.profiles().bytes(file);
-        const std::optional<std::string> replayed =
-            !now ? std::nullopt
-                 : forwards ? applyForwards(*now, step->file) : applyBackwards(*now, step->file);
+        const std::optional<std::string> replayed = !now       ? std::nullopt
+                                                    : forwards ? applyForwards(*now, step->file)
+                                                               : applyBackwards(*now, step->file);
         if (!replayed) {
-            return fail("The working copy of " + name() +
-                        " was changed outside Orrerion, so \"" + step->name + "\" cannot be " +
-                        (forwards ? "redone." : "undone."));
+            return fail("The working copy of " + name() + " was changed outside Orrerion, so \"" +
+                        step->name + "\" cannot be " + (forwards ? "redone." : "undone."));
         }
         const auto inPlace = [&](ProfileDocument& doc) {
             return replaceLinesOf(doc, *now, step->file, forwards);

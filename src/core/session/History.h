@@ -62,7 +62,7 @@ class History {
 
   private:
     std::vector<HistoryStep> steps_;
-    std::size_t index_ = 0;               // steps_[0 .. index_) are applied
+    std::size_t index_ = 0;                 // steps_[0 .. index_) are applied
     std::optional<std::size_t> saved_ = 0;  // nullopt: the saved state can no longer be reached
     std::size_t bytes_ = 0;
 

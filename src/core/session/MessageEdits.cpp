@@ -42,8 +42,9 @@ bool onList(EditSession& session, const MessageListRef& list, const std::string&
 bool storeMessageLine(EditSession& session, const MessageListRef& list, int n,
                       const std::string& line) {
     const bool information = list.direction == Direction::Information;
-    const std::string name = information ? (line.empty() ? "Delete Information" : "Edit Information")
-                                         : "Edit " + lineName(list, n);
+    const std::string name = information
+                                 ? (line.empty() ? "Delete Information" : "Edit Information")
+                                 : "Edit " + lineName(list, n);
     return onList(session, list, name, [&](MessageList& lines) {
         if (information) return lines.store(1, line);
         return n >= 1 && n <= lines.count() && lines.store(n, line);
@@ -72,8 +73,7 @@ bool clearMessageLines(EditSession& session, const MessageListRef& list) {
 
 bool swapMessageLines(EditSession& session, const MessageListRef& list, int n, bool movedDown) {
     const int moved = movedDown ? n : n + 1;
-    return onList(session, list,
-                  "Move " + lineName(list, moved) + (movedDown ? " Down" : " Up"),
+    return onList(session, list, "Move " + lineName(list, moved) + (movedDown ? " Down" : " Up"),
                   [&](MessageList& lines) { return lines.swap(n); });
 }
 
@@ -89,7 +89,8 @@ bool setFlagDescription(EditSession& session, int planet, char flag,
                         const std::string& description) {
     if (!IsUsableFlagDescription(description)) return session.fail(kFlagDescriptionNeeded);
     if (!requirePlanet(session, planet)) return false;
-    auto command = session.command(std::string("Describe Flag ") + flag, {kPlanetKeysChanged, planet});
+    auto command =
+        session.command(std::string("Describe Flag ") + flag, {kPlanetKeysChanged, planet});
     PlanetMessageStore store(command.store(), planet);
     return command.commit(SaveFlagDescription(store, flag, description));
 }

@@ -50,9 +50,8 @@ bool swapWithin(EditSession::Command& command, int a, int b) {
     return true;
 }
 
-constexpr ChangeNotice kPlanetsAndKeys{kPlanetsChanged | kNamesChanged | kPlanetKeysChanged |
-                                           kFlagsChanged | kPicturesChanged,
-                                       0};
+constexpr ChangeNotice kPlanetsAndKeys{
+    kPlanetsChanged | kNamesChanged | kPlanetKeysChanged | kFlagsChanged | kPicturesChanged, 0};
 
 }  // namespace
 
@@ -113,11 +112,11 @@ bool swapPlanets(EditSession& session, int a, int b, const std::string& stepName
     if (!session.requireSystemBlock()) return false;
     if (!canSwapPlanets(session, a, b)) return noSuchPlanet(session, isPlanet(session, a) ? b : a);
     if (a == b) return true;
-    auto command = session.command(
-        stepName.empty()
-            ? "Swap Planets " + std::to_string(std::min(a, b)) + " and " + std::to_string(std::max(a, b))
-            : stepName,
-        kPlanetsAndKeys);
+    auto command =
+        session.command(stepName.empty() ? "Swap Planets " + std::to_string(std::min(a, b)) +
+                                               " and " + std::to_string(std::max(a, b))
+                                         : stepName,
+                        kPlanetsAndKeys);
     return command.commit(swapWithin(command, a, b) && command.store().SaveSystemBlock());
 }
 
@@ -161,13 +160,22 @@ bool setPlanetAttribute(EditSession& session, int n, AttributeGroup group, int v
                         const std::string& mergeKey) {
     if (!session.requireSystemBlock()) return false;
     if (!isPlanet(session, n)) return noSuchPlanet(session, n);
-    if (value < 0 || value > 3) return session.fail("An option of a planet's properties is 0 to 3.");
+    if (value < 0 || value > 3)
+        return session.fail("An option of a planet's properties is 0 to 3.");
     PlanetAttributes a = PlanetAttributes::unpack(session.record().planet(n).Attributes);
     switch (group) {
-        case AttributeGroup::Inhabited: a.Inhabited = value; break;
-        case AttributeGroup::Attitude: a.Attitude = value; break;
-        case AttributeGroup::Advanced: a.Advanced = value; break;
-        case AttributeGroup::Energy: a.Energy = value; break;
+        case AttributeGroup::Inhabited:
+            a.Inhabited = value;
+            break;
+        case AttributeGroup::Attitude:
+            a.Attitude = value;
+            break;
+        case AttributeGroup::Advanced:
+            a.Advanced = value;
+            break;
+        case AttributeGroup::Energy:
+            a.Energy = value;
+            break;
     }
     auto command =
         session.command("Change Properties of " + planetWord(n), {kPlanetsChanged}, mergeKey);
@@ -195,7 +203,8 @@ bool setPlanetProperties(EditSession& session, int n, const PlanetProperties& p,
     }
     const int count = command.record().PlanetCount;
     bool ok = true;
-    if (p.customPictures) ok = command.store().SetGeneralFlag(kPlanetPics, n, count, *p.customPictures);
+    if (p.customPictures)
+        ok = command.store().SetGeneralFlag(kPlanetPics, n, count, *p.customPictures);
     if (ok && p.customMessages)
         ok = command.store().SetGeneralFlag(kMessagesFlag, n, count, *p.customMessages);
     return command.commit(ok && command.store().SaveSystemBlock());

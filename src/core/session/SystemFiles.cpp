@@ -66,8 +66,8 @@ bool deleteSystem(EditSession& session, const std::string& name) {
         if (!removeFile(file, &error) && problem.empty()) problem = error;
     }
     if (!problem.empty())
-        return session.fail("The system " + name + " was deleted, but not all of its pictures: " +
-                            problem);
+        return session.fail("The system " + name +
+                            " was deleted, but not all of its pictures: " + problem);
     return true;
 }
 

@@ -19,8 +19,8 @@ std::optional<std::string> readWholeFile(const fs::path& path, std::string* erro
 // power loss right after cannot lose them; they cost a disk flush, so only saves use them.
 enum class Durability { Quick, Durable };
 
-bool writeFileAtomically(const fs::path& path, std::string_view bytes,
-                         std::string* error = nullptr, Durability durability = Durability::Quick);
+bool writeFileAtomically(const fs::path& path, std::string_view bytes, std::string* error = nullptr,
+                         Durability durability = Durability::Quick);
 
 // Copies `from` over `to` atomically; the copy keeps the source's modification time.
 bool copyFileKeepingTime(const fs::path& from, const fs::path& to, std::string* error = nullptr,

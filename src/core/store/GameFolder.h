@@ -13,7 +13,7 @@ namespace orr {
 namespace fs = std::filesystem;
 
 class GameFolder {
-public:
+  public:
     GameFolder() = default;
     explicit GameFolder(fs::path root);
 
@@ -21,13 +21,13 @@ public:
 
     // root / the existing entry whose name equals `name` ignoring ASCII case, else root / name.
     fs::path item(std::string_view name) const;
-    fs::path executable() const;       // "voidrunner.exe"
-    fs::path systemList() const;       // "SOLARSYS.TXT"
-    fs::path alienNames() const;       // "aliens.txt"
-    fs::path installer() const;        // "ORBInst.dat"
-    fs::path specialCodes() const;     // "SPECIAL.LST"
-    fs::path descriptorFolder() const; // "ORBDescriptor"
-    fs::path picturesFolder() const;   // "PICTURES"
+    fs::path executable() const;        // "voidrunner.exe"
+    fs::path systemList() const;        // "SOLARSYS.TXT"
+    fs::path alienNames() const;        // "aliens.txt"
+    fs::path installer() const;         // "ORBInst.dat"
+    fs::path specialCodes() const;      // "SPECIAL.LST"
+    fs::path descriptorFolder() const;  // "ORBDescriptor"
+    fs::path picturesFolder() const;    // "PICTURES"
 
     bool hasGameExecutable() const;
 
@@ -43,7 +43,7 @@ public:
     static std::vector<std::string> filesWithExtension(const fs::path& dir,
                                                        std::string_view extension);
 
-private:
+  private:
     fs::path root_;
 };
 

@@ -73,8 +73,8 @@ bool SystemStore::EndEdit(bool save) {
     const bool removed = removeFile(working, &why);
     profiles_.forget(working);
     if (!removed) {
-        const std::string problem = "The working copy \"" + working.filename().string() +
-                                    "\" could not be deleted. " + why;
+        const std::string problem =
+            "The working copy \"" + working.filename().string() + "\" could not be deleted. " + why;
         if (!save) return fail(problem);
         // The saved descriptor already holds every change: the save stands.
         lastWarning_ = "The system was saved. " + problem +

@@ -10,16 +10,18 @@ namespace orr {
 
 struct Tables {
     static const std::array<std::string, 8> StarTypeNames;
-    static const std::array<std::string, 8> StarTypeMenuCaptions;  // 3 reads "Binary System (Black Hole)"
-    static const std::array<std::string, 15> ClassCaptions;      // "- - Asteroid Belt", "A - Radiates ..."
-    static const std::array<int, 15> ClassColours;                // index into the 16-colour palette
-    static const std::array<std::string, 13> RomanNumerals;      // entry 0 empty
-    static const std::array<double, 4> Fractions;                 // 0, 0.5, 0.3, 0.1 (test mode)
+    static const std::array<std::string, 8>
+        StarTypeMenuCaptions;  // 3 reads "Binary System (Black Hole)"
+    static const std::array<std::string, 15>
+        ClassCaptions;                              // "- - Asteroid Belt", "A - Radiates ..."
+    static const std::array<int, 15> ClassColours;  // index into the 16-colour palette
+    static const std::array<std::string, 13> RomanNumerals;  // entry 0 empty
+    static const std::array<double, 4> Fractions;            // 0, 0.5, 0.3, 0.1 (test mode)
     static const std::array<std::string, 4> InhabitedCaptions;
     static const std::array<std::string, 4> AttitudeCaptions;
     static const std::array<std::string, 4> AdvancedCaptions;
     static const std::array<std::string, 4> EnergyCaptions;
-    static const std::array<std::string, 9> ShipSystemNames;      // 0 "Random System" .. 8
+    static const std::array<std::string, 9> ShipSystemNames;  // 0 "Random System" .. 8
 
     // What the planet's info panel shows of its properties: life, technology, attitude and
     // energy, with "---" where the planet has none: technology needs animal life (living or

@@ -65,8 +65,8 @@ void MainMenus::buildEditMenu(QMainWindow& window) {
     mnuERedo = addAction(mnuEdit, "mnuERedo", QStringLiteral("&Redo"));
     // The platform's redo keys, and both of the usual ones wherever the platform has only one.
     QList<QKeySequence> redo = QKeySequence::keyBindings(QKeySequence::Redo);
-    for (const QKeySequence& usual : {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z),
-                                      QKeySequence(Qt::CTRL | Qt::Key_Y)})
+    for (const QKeySequence& usual :
+         {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::CTRL | Qt::Key_Y)})
         if (!redo.contains(usual)) redo.append(usual);
     mnuERedo->setShortcuts(redo);
     window.menuBar()->addMenu(mnuEdit);
@@ -126,8 +126,9 @@ void MainMenus::buildStarPopup(QMainWindow& window) {
     mnuPopupStar->addMenu(mnuType);
     auto* types = new QActionGroup(mnuType);
     for (int t = 0; t < static_cast<int>(mnuStarType.size()); ++t) {
-        auto* entry = addAction(mnuType, "mnuStarType",
-                                toQString(Tables::StarTypeMenuCaptions[static_cast<std::size_t>(t)]));
+        auto* entry =
+            addAction(mnuType, "mnuStarType",
+                      toQString(Tables::StarTypeMenuCaptions[static_cast<std::size_t>(t)]));
         entry->setData(t);
         entry->setCheckable(true);
         types->addAction(entry);

@@ -1,7 +1,7 @@
 #include "editor/StarStrip.h"
 
-#include <algorithm>
 #include <QString>
+#include <algorithm>
 
 // The pictures are compiled into the static editor library; its resources must be registered by
 // hand or the linker drops them.

@@ -57,11 +57,12 @@ MessagePrompt SystemLifecycle::saveQuestion(const std::string& newName) const {
 void SystemLifecycle::systemChosen(int index) {
     // The open entry chosen again means going back to its saved version.
     const MessagePrompt ask =
-        index == openIndex_ ? MessagePrompt::question(
-                                  QStringLiteral("This will revert to the last saved version of '") +
-                                      toQString(session_.name()) + QStringLiteral("'."),
-                                  kCaption, PromptButtons::OkCancel, PromptIcon::Information)
-                            : saveQuestion(list_.entryName(index));
+        index == openIndex_
+            ? MessagePrompt::question(
+                  QStringLiteral("This will revert to the last saved version of '") +
+                      toQString(session_.name()) + QStringLiteral("'."),
+                  kCaption, PromptButtons::OkCancel, PromptIcon::Information)
+            : saveQuestion(list_.entryName(index));
     if (!leaveOpenSystem(ask)) {
         list_.selectQuietly(openIndex_);
         return;
@@ -76,8 +77,8 @@ void SystemLifecycle::systemChosen(int index) {
 bool SystemLifecycle::openNamed(const std::string& name) {
     const int index = list_.findEntry(name);
     if (index < 0) {
-        prompts().inform(&window_, QStringLiteral("There is no system named '") +
-                                       toQString(name) + QStringLiteral("' in this game folder."));
+        prompts().inform(&window_, QStringLiteral("There is no system named '") + toQString(name) +
+                                       QStringLiteral("' in this game folder."));
         return false;
     }
     list_.selectQuietly(index);
@@ -107,7 +108,8 @@ void SystemLifecycle::openEntry(int index) {
         list_.entryName(index),
         [this, &hourglass] {
             const MessagePrompt ask = MessagePrompt::question(
-                QStringLiteral("There is a backup for this solar system, would you like to edit it?"),
+                QStringLiteral(
+                    "There is a backup for this solar system, would you like to edit it?"),
                 QStringLiteral("Backup Exists"), PromptButtons::YesNo, PromptIcon::Question);
             hourglass.restore();
             const bool useBackup = prompts().message(&window_, ask) == PromptAnswer::Yes;
@@ -155,9 +157,9 @@ void SystemLifecycle::newSystem() {
 }
 
 bool SystemLifecycle::confirmExit() {
-    const MessagePrompt ask = MessagePrompt::question(
-        QStringLiteral("Do you want to save before exiting?"), kCaption,
-        PromptButtons::YesNoCancel, PromptIcon::Question);
+    const MessagePrompt ask =
+        MessagePrompt::question(QStringLiteral("Do you want to save before exiting?"), kCaption,
+                                PromptButtons::YesNoCancel, PromptIcon::Question);
     return leaveOpenSystem(ask);
 }
 

@@ -15,11 +15,11 @@
 #include <string>
 
 #include "platform/Modal.h"
+#include "platform/Prompts.h"
+#include "platform/QtText.h"
 #include "session/PlanetEdits.h"
 #include "session/SystemEdits.h"
 #include "store/PictureFiles.h"
-#include "platform/Prompts.h"
-#include "platform/QtText.h"
 
 namespace orr::ui {
 
@@ -34,8 +34,7 @@ int checkedIndex(const std::array<QRadioButton*, 4>& options) {
 
 }  // namespace
 
-frmPlanet::frmPlanet(EditSession& session, QWidget* parent)
-    : QDialog(parent), session_(session) {
+frmPlanet::frmPlanet(EditSession& session, QWidget* parent) : QDialog(parent), session_(session) {
     setWindowTitle(kCaptionPrefix);
     setModal(true);
 
@@ -244,8 +243,9 @@ void frmPlanet::cmdOK_Click() {
 }
 
 void frmPlanet::option_Click(Group group, int index) {
-    static constexpr AttributeGroup kGroups[] = {AttributeGroup::Inhabited, AttributeGroup::Attitude,
-                                                 AttributeGroup::Advanced, AttributeGroup::Energy};
+    static constexpr AttributeGroup kGroups[] = {AttributeGroup::Inhabited,
+                                                 AttributeGroup::Attitude, AttributeGroup::Advanced,
+                                                 AttributeGroup::Energy};
     report(setPlanetAttribute(session_, planet_, kGroups[group], index, mergeKey_));
     selectOptions(PlanetAttributes::unpack(session_.record().planet(planet_).Attributes));
 }
@@ -281,7 +281,8 @@ void frmPlanet::applyMessageEnabling() {
 }
 
 bool frmPlanet::report(bool ok) {
-    return orr::ui::report(this, ok, session_.lastError(), "The planet's changes could not be saved.");
+    return orr::ui::report(this, ok, session_.lastError(),
+                           "The planet's changes could not be saved.");
 }
 
 }  // namespace orr::ui

@@ -15,7 +15,8 @@ using Names = std::vector<std::string>;
 class SystemFilesTest : public SessionTest {
   protected:
     void writePictures(std::initializer_list<const char*> names) {
-        for (const char* name : names) writeBytes(game.pictures() / name, std::string("old ") + name);
+        for (const char* name : names)
+            writeBytes(game.pictures() / name, std::string("old ") + name);
     }
     std::string picture(const std::string& name) const { return readBytes(game.pictures() / name); }
 };
@@ -64,7 +65,8 @@ TEST_F(SystemFilesTest, DeleteRemovesOnlyThisSystemAndSaysWhatWasLeft) {
     game.write("PICTURES", "a file where the folder should be");
     game.writeDescriptor(TempGameFolder::systemRecord("Gone", 0));
     EXPECT_FALSE(deleteSystem(session, "Gone"));
-    EXPECT_NE(session.lastError().find("could not be read"), std::string::npos) << session.lastError();
+    EXPECT_NE(session.lastError().find("could not be read"), std::string::npos)
+        << session.lastError();
     EXPECT_FALSE(game.exists("ORBDescriptor/Gone.orb"));
     fs::remove(game.pictures());
     fs::create_directory(game.pictures());
@@ -73,7 +75,9 @@ TEST_F(SystemFilesTest, DeleteRemovesOnlyThisSystemAndSaysWhatWasLeft) {
     const ReadOnlyFolder locked(game.pictures());
     if (!locked.enforced()) GTEST_SKIP() << "the folder cannot be made read-only here";
     EXPECT_FALSE(deleteSystem(session, "SolX"));
-    EXPECT_EQ(session.lastError().rfind("The system SolX was deleted, but not all of its pictures", 0), 0u)
+    EXPECT_EQ(
+        session.lastError().rfind("The system SolX was deleted, but not all of its pictures", 0),
+        0u)
         << session.lastError();
 }
 
