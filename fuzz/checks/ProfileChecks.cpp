@@ -91,6 +91,16 @@ std::string_view trimBlanks(std::string_view s) {
     return s.substr(first, s.find_last_not_of(" \t") - first + 1);
 }
 
+// A value as the platform's profile functions read it back: blanks trimmed, then one pair of
+// enclosing quotes dropped.
+std::string_view valueAsRead(std::string_view value) {
+    value = trimBlanks(value);
+    if (value.size() >= 2 && (value.front() == '"' || value.front() == '\'') &&
+        value.back() == value.front())
+        value = value.substr(1, value.size() - 2);
+    return value;
+}
+
 bool rawKeyIs(const std::string& line, const std::string& key) {
     const std::size_t eq = line.find('=');
     return eq != std::string::npos && line.compare(0, eq, key) == 0 && eq == key.size();
@@ -228,7 +238,7 @@ std::string checkProfileEdits(std::string_view input) {
                     "writeValue(" + shown(section) + ", " + shown(key) + ", " + shown(value) + ")";
                 doc.writeValue(section, key, value);
                 const std::optional<std::string> back = doc.readValue(section, key);
-                if (plainKeyLine(section, key, value) && back != trimBlanks(value)) {
+                if (plainKeyLine(section, key, value) && back != valueAsRead(value)) {
                     problem = "the value reads back as " + shownValue(back);
                 }
                 used.emplace_back(section, key);

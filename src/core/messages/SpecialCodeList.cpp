@@ -23,7 +23,9 @@ SpecialCodeList SpecialCodeList::parse(std::string_view bytes) {
         std::size_t end = bytes.find_first_of("\r\n", start);
         if (end == std::string_view::npos) end = bytes.size();
         const std::string_view line = bytes.substr(start, end - start);
-        if (!text::trim(line).empty()) list.entries_.emplace_back(std::string(line));
+        // A line that is only an explanation (" -- ...") lists nothing.
+        SpecialEntry entry{std::string(line)};
+        if (!text::trim(entry.line()).empty()) list.entries_.push_back(std::move(entry));
         // CR LF counts as one line end; a lone CR or LF as well.
         start = end + 1;
         if (end < bytes.size() && bytes[end] == '\r' && start < bytes.size() &&
