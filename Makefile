@@ -5,6 +5,8 @@ PRESET    ?= default
 JOBS      ?= $(shell nproc 2>/dev/null || echo 2)
 # Seconds each fuzz target runs in `make fuzz`.
 FUZZ_SECONDS ?= 60
+# libFuzzer's seed: 0 chooses a new search each run; CI fixes one.
+FUZZ_SEED ?= 0
 
 .PHONY: deps configure build run test bench screenshots fuzz sanitize clean format
 
@@ -37,7 +39,7 @@ bench: deps
 fuzz: deps
 	@test -f build-fuzz/CMakeCache.txt || cmake --preset fuzz
 	cmake --build build-fuzz -j $(JOBS)
-	bash scripts/run-fuzz.sh build-fuzz $(FUZZ_SECONDS) $(JOBS)
+	FUZZ_SEED=$(FUZZ_SEED) bash scripts/run-fuzz.sh build-fuzz $(FUZZ_SECONDS) $(JOBS)
 
 # The core and command-line tests built with AddressSanitizer and UndefinedBehaviorSanitizer
 # (build-sanitize); any finding fails its test.

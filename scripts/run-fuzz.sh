@@ -76,8 +76,10 @@ awk -v out="$corpus/MessageCodec" '
 fuzz() {
     local target=$1
     mkdir -p "$findings/$target"
+    # FUZZ_SEED 0 lets libFuzzer choose; a fixed one replays the same search (CI uses one, so a
+    # change is judged by the inputs its parent was judged by).
     "$build/bin/fuzz_$target" -max_total_time="$seconds" -timeout=10 -rss_limit_mb=2048 \
-        -artifact_prefix="$findings/$target/" -print_final_stats=1 \
+        -seed="${FUZZ_SEED:-0}" -artifact_prefix="$findings/$target/" -print_final_stats=1 \
         "$corpus/$target" >"$logs/$target.log" 2>&1
 }
 
